@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "browser_channel/trace_log.h"
+#include "composer/uia_operations.h"
+#include "provider_identity/provider_tables.h"
+#include "provider_identity/tab_candidate.h"
+
+namespace orvane {
+
+// What a selected tab has to show before its window is brought forward. When it fails, the tab of
+// the window that was selected before, as far as the inventory knows one, is selected again.
+bool proveFinalIdentity(const UiaSession& session, const ProviderKey& key, const TabCandidate& target,
+                        const std::vector<TabCandidate>& inventory, TraceLog& trace);
+
+}  // namespace orvane

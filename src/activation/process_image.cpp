@@ -1,0 +1,38 @@
+#include "activation/process_image.h"
+
+#include <array>
+#include <string_view>
+
+#include "embedding/unique_resource.h"
+#include "provider_identity/text_rules.h"
+
+namespace orvane {
+namespace {
+
+constexpr DWORD imagePathCapacityUnits = 1040;
+
+struct ProcessHandleTraits {
+  using Value = HANDLE;
+  static constexpr Value invalid() noexcept { return nullptr; }
+  static void release(Value value) noexcept { ::CloseHandle(value); }
+};
+using UniqueProcessHandle = UniqueResource<ProcessHandleTraits>;
+
+}  // namespace
+
+std::wstring processImageName(DWORD pid) {
+  const UniqueProcessHandle process(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, pid));
+  if (!process) {
+    return {};
+  }
+  std::array<wchar_t, imagePathCapacityUnits> buffer{};
+  DWORD lengthUnits = imagePathCapacityUnits;
+  if (::QueryFullProcessImageNameW(process.get(), 0, buffer.data(), &lengthUnits) == FALSE) {
+    return {};
+  }
+  const std::wstring_view path(buffer.data(), lengthUnits);
+  const std::size_t separator = path.find_last_of(L"\\/");
+  return toLower(separator == std::wstring_view::npos ? path : path.substr(separator + 1));
+}
+
+}  // namespace orvane

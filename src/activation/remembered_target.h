@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+#include "embedding/encodable_value.h"
+
+namespace orvane {
+
+// Where the interface last found a provider. Only a pointer to look at first, never a proof.
+struct RememberedTarget {
+  std::wstring title;
+  std::wstring automationId;
+  std::wstring browser;  // display name
+  HWND windowHandle = nullptr;
+  std::int32_t tabIndex = -1;
+};
+
+// Reads the five remembered arguments; handle and index travel as decimal texts, and what is
+// missing or of another type reads as empty.
+RememberedTarget readRememberedTarget(const EncodableMap& arguments);
+
+}  // namespace orvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "embedding/encodable_value.h"
+
+namespace orvane {
+
+// The arguments of a call as a map; null when they are anything else.
+const EncodableMap* argumentMap(const EncodableValue* arguments);
+
+// The string under `key`; empty when the map is null, the key absent or its value no string.
+std::string stringEntry(const EncodableMap* map, const char* key);
+
+// The 32-bit or 64-bit integer under `key`; no value when the map is null or it is anything else.
+std::optional<std::int64_t> integerEntry(const EncodableMap* map, const char* key);
+
+// The strings of the list under `key` in their order, entries of other types left out; empty when
+// the map is null or the value no list.
+std::vector<std::string> stringListEntry(const EncodableMap* map, const char* key);
+
+}  // namespace orvane

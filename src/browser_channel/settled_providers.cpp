@@ -1,0 +1,10 @@
+#include "browser_channel/settled_providers.h"
+
+namespace orvane {
+
+SettledProviders& settledProviders() {
+  static SettledProviders state;
+  return state;
+}
+
+}  // namespace orvane

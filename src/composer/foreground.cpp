@@ -1,0 +1,192 @@
+#include "composer/foreground.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "browser_channel/call_arguments.h"
+#include "composer/window_text.h"
+#include "embedding/unique_resource.h"
+#include "embedding/utf_conversion.h"
+#include "provider_identity/text_rules.h"
+
+namespace orvane {
+namespace {
+
+constexpr DWORD afterRestoreMs = 60;
+constexpr std::array<DWORD, 3> readBackWaitsMs{120, 200, 280};
+constexpr DWORD shortReadBackWaitMs = 120;
+constexpr DWORD firstFollowUpMs = 180;
+constexpr DWORD secondFollowUpMs = 270;
+
+struct ThreadHandleTraits {
+  using Value = HANDLE;
+  static constexpr Value invalid() noexcept { return nullptr; }
+  static void release(Value value) noexcept { ::CloseHandle(value); }
+};
+using UniqueThreadHandle = UniqueResource<ThreadHandleTraits>;
+
+// The calling thread's input queue joined to another thread's, for as long as this lives.
+class InputAttachment {
+ public:
+  InputAttachment(DWORD callingThread, DWORD otherThread)
+      : callingThread_(callingThread),
+        otherThread_(otherThread),
+        isAttached_(otherThread != 0 && otherThread != callingThread &&
+                    ::AttachThreadInput(callingThread, otherThread, TRUE) != FALSE) {}
+  ~InputAttachment() {
+    if (isAttached_) {
+      ::AttachThreadInput(callingThread_, otherThread_, FALSE);
+    }
+  }
+  InputAttachment(const InputAttachment&) = delete;
+  InputAttachment& operator=(const InputAttachment&) = delete;
+
+ private:
+  DWORD callingThread_;
+  DWORD otherThread_;
+  bool isAttached_;
+};
+
+struct InputThreads {
+  DWORD calling = 0;
+  DWORD ofWindow = 0;
+};
+
+InputThreads readInputThreads(HWND window) {
+  return {::GetCurrentThreadId(), ::GetWindowThreadProcessId(window, nullptr)};
+}
+
+DWORD threadOfForeground(HWND foreground) {
+  return foreground == nullptr ? 0 : ::GetWindowThreadProcessId(foreground, nullptr);
+}
+
+void askForForegroundStrongly(HWND window, HWND foreground, const InputThreads& threads) {
+  const InputAttachment toForeground(threads.calling, threadOfForeground(foreground));
+  const InputAttachment toWindow(threads.calling, threads.ofWindow);
+  ::SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_SHOWWINDOW);
+  ::BringWindowToTop(window);
+  ::SetForegroundWindow(window);
+  ::SetActiveWindow(window);
+  ::SetFocus(window);
+}
+
+void askForForeground(HWND window, HWND foreground, const InputThreads& threads) {
+  const InputAttachment toForeground(threads.calling, threadOfForeground(foreground));
+  const InputAttachment toWindow(threads.calling, threads.ofWindow);
+  ::BringWindowToTop(window);
+  ::SetForegroundWindow(window);
+  ::SetFocus(window);
+}
+
+void showForForeground(HWND window) {
+  if (::IsIconic(window) != FALSE) {
+    ::ShowWindowAsync(window, SW_RESTORE);
+    ::Sleep(afterRestoreMs);
+  } else {
+    ::ShowWindowAsync(window, SW_SHOW);
+  }
+}
+
+void followUp(HWND window) {
+  ::Sleep(firstFollowUpMs);
+  if (::IsWindow(window) != FALSE) {
+    bringForward(window);
+  }
+  ::Sleep(secondFollowUpMs);
+  if (::IsWindow(window) != FALSE && ::GetForegroundWindow() != window) {
+    bringForward(window);
+  }
+}
+
+DWORD WINAPI followUpThread(LPVOID window) {
+  followUp(static_cast<HWND>(window));
+  return 0;
+}
+
+std::vector<std::wstring> foldedPatterns(const EncodableMap* arguments) {
+  std::vector<std::wstring> patterns;
+  for (const std::string& pattern : stringListEntry(arguments, "patterns")) {
+    patterns.push_back(toLower(wideFromUtf8(pattern)));
+  }
+  patterns.push_back(toLower(wideFromUtf8(stringEntry(arguments, "name"))));
+  return patterns;
+}
+
+bool titleHoldsAny(const std::wstring& title, const std::vector<std::wstring>& patterns) {
+  const std::wstring foldedTitle = toLower(title);
+  for (const std::wstring& pattern : patterns) {
+    if (!pattern.empty() && foldedTitle.find(pattern) != std::wstring::npos) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+bool forceForeground(HWND window) {
+  if (::IsWindow(window) == FALSE) {
+    return false;
+  }
+  const InputThreads threads = readInputThreads(window);
+  for (const DWORD readBackWaitMs : readBackWaitsMs) {
+    if (::IsWindow(window) == FALSE) {
+      return false;
+    }
+    showForForeground(window);
+    const HWND foreground = ::GetForegroundWindow();
+    if (foreground == window) {
+      return true;
+    }
+    askForForegroundStrongly(window, foreground, threads);
+    ::Sleep(readBackWaitMs);
+    if (::GetForegroundWindow() == window) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool bringForward(HWND window) {
+  if (::IsWindow(window) == FALSE) {
+    return false;
+  }
+  const InputThreads threads = readInputThreads(window);
+  if (::IsIconic(window) != FALSE) {
+    ::ShowWindowAsync(window, SW_RESTORE);
+  }
+  askForForeground(window, ::GetForegroundWindow(), threads);
+  ::Sleep(shortReadBackWaitMs);
+  return ::GetForegroundWindow() == window;
+}
+
+void scheduleForegroundFollowUp(HWND window) {
+  if (::IsWindow(window) == FALSE) {
+    return;
+  }
+  // The thread runs on by itself; only its handle is given back.
+  const UniqueThreadHandle thread(::CreateThread(nullptr, 0, followUpThread, window, 0, nullptr));
+}
+
+bool verifyForeground(HWND window, const EncodableMap* arguments, std::string* message) {
+  std::string unused;
+  std::string& text = message == nullptr ? unused : *message;
+  if (window == nullptr || ::IsWindow(window) == FALSE) {
+    text = "No foreground window";
+    return false;
+  }
+  if (const std::optional<std::int64_t> expected = integerEntry(arguments, "expectedWindowHandle")) {
+    const bool isExpected = *expected == static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(window));
+    text = isExpected ? "PASS: foreground HWND matches activated AI window"
+                      : "FAIL: foreground HWND does not match activated AI window";
+    return isExpected;
+  }
+  const std::wstring title = windowText(window);
+  const bool isNamed = titleHoldsAny(title, foldedPatterns(arguments));
+  text = (isNamed ? "PASS: foreground title is " : "FAIL: foreground title is ") + utf8FromWide(title);
+  return isNamed;
+}
+
+}  // namespace orvane

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+// UTF-8 to UTF-16 by MultiByteToWideChar with CP_UTF8: bytes that aren't valid become U+FFFD.
+std::wstring wideFromUtf8(std::string_view utf8);
+
+// UTF-16 to UTF-8 by WideCharToMultiByte with CP_UTF8: lone surrogate halves become U+FFFD.
+std::string utf8FromWide(std::wstring_view wide);
+
+}  // namespace orvane

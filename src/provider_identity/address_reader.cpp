@@ -1,0 +1,107 @@
+#include "provider_identity/address_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "provider_identity/address_rules.h"
+#include "provider_identity/text_rules.h"
+
+namespace orvane {
+namespace {
+
+constexpr std::array<std::wstring_view, 3> addressFieldWords{L"address", L"omnibox", L"location"};
+constexpr LONG leastFieldWidthPixels = 180;
+constexpr LONG greatestFieldHeightPixels = 120;
+constexpr LONG upperPartPercent = 35;
+
+bool namesAddressField(const UiaElement& element) {
+  const std::wstring name = elementName(element);
+  const std::wstring automationId = elementAutomationId(element);
+  const std::wstring text = toLower(name + L" " + automationId + L" " + elementClassName(element));
+  return std::any_of(addressFieldWords.begin(), addressFieldWords.end(),
+                     [&](std::wstring_view word) { return text.find(word) != std::wstring::npos; });
+}
+
+bool liesLikeAddressField(const RECT& field, const RECT& root) {
+  const LONG width = field.right - field.left;
+  const LONG height = field.bottom - field.top;
+  const LONG upperPart = (root.bottom - root.top) * upperPartPercent / 100;
+  return width >= leastFieldWidthPixels && height >= 1 && height <= greatestFieldHeightPixels &&
+         field.top >= root.top && field.top < root.top + upperPart;
+}
+
+bool isAddressFieldCandidate(const UiaElement& element, const RECT& root) {
+  if (namesAddressField(element)) {
+    return true;
+  }
+  const std::optional<RECT> field = element.bounds();
+  return field && root.bottom - root.top >= 1 && liesLikeAddressField(*field, root);
+}
+
+// The first of the control's texts that is an address; empty for none.
+std::wstring addressOfField(const UiaElement& field) {
+  const std::array<std::wstring, 5> texts{
+      field.readValue().text.value_or(std::wstring()),
+      field.textProperty(UIA_ValueValuePropertyId),
+      field.textProperty(UIA_LegacyIAccessibleValuePropertyId),
+      field.textProperty(UIA_HelpTextPropertyId),
+      elementName(field),
+  };
+  const auto address = std::find_if(texts.begin(), texts.end(), isAddressText);
+  return address == texts.end() ? std::wstring() : *address;
+}
+
+}  // namespace
+
+std::wstring readWindowAddress(const UiaSession& session, const UiaElement& root) {
+  if (!session || !root) {
+    return {};
+  }
+  UiaCondition condition;
+  if (FAILED(session.controlTypeCondition(UIA_EditControlTypeId, condition)) || !condition) {
+    return {};
+  }
+  UiaElementArray fields;
+  if (FAILED(root.findAll(condition, fields)) || !fields) {
+    return {};
+  }
+  const int length = fields.length();
+  const RECT rootBounds = root.bounds().value_or(RECT{});
+  for (int index = 0; index < length; ++index) {
+    UiaElement field;
+    fields.elementAt(index, field);
+    if (!field || !isAddressFieldCandidate(field, rootBounds)) {
+      continue;
+    }
+    if (std::wstring address = addressOfField(field); !address.empty()) {
+      return address;
+    }
+  }
+  return {};
+}
+
+std::wstring readWindowAddress(const UiaSession& session, HWND window) {
+  UiaElement root;
+  session.elementFromHandle(window, root);
+  return readWindowAddress(session, root);
+}
+
+bool isExactChatHost(HWND window, std::wstring_view host) {
+  if (window == nullptr || ::IsWindow(window) == FALSE) {
+    return false;
+  }
+  const UiaSession session;
+  if (!session) {
+    return false;
+  }
+  UiaElement root;
+  session.elementFromHandle(window, root);
+  if (!root) {
+    return false;
+  }
+  const std::wstring found = hostOfAddress(readWindowAddress(session, root));
+  return found == host || found == L"www." + std::wstring(host);
+}
+
+}  // namespace orvane

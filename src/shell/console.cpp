@@ -1,0 +1,37 @@
+#include "shell/console.h"
+
+#include <windows.h>
+// windows.h first: io.h builds on it where it is simulated.
+#include <io.h>
+
+#include <cstdio>
+#include <ios>
+
+#include "embedding/flutter_library.h"
+
+namespace orvane {
+namespace {
+
+constexpr int stdoutNumber = 1;
+constexpr int stderrNumber = 2;
+
+void leadToConsole(std::FILE* stream, int number) {
+  std::FILE* reopened = nullptr;
+  if (::freopen_s(&reopened, "CONOUT$", "w", stream) != 0) {
+    ::_dup2(::_fileno(stdout), number);
+  }
+}
+
+}  // namespace
+
+void CreateAndAttachConsole() {
+  if (::AllocConsole() == FALSE) {
+    return;
+  }
+  leadToConsole(stdout, stdoutNumber);
+  leadToConsole(stderr, stderrNumber);
+  std::ios::sync_with_stdio();
+  ::FlutterDesktopResyncOutputStreams();
+}
+
+}  // namespace orvane
