@@ -58,7 +58,12 @@ class ComReference {
     }
   }
   ComReference(ComReference&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  ComReference& operator=(ComReference other) noexcept {
+  ComReference& operator=(const ComReference& other) noexcept {
+    ComReference copy(other);
+    std::swap(object_, copy.object_);
+    return *this;
+  }
+  ComReference& operator=(ComReference&& other) noexcept {
     std::swap(object_, other.object_);
     return *this;
   }

@@ -94,6 +94,7 @@ class UiaElement {
 class UiaSession {
  public:
   UiaSession();
+  ~UiaSession() = default;
   UiaSession(const UiaSession&) = delete;
   UiaSession& operator=(const UiaSession&) = delete;
 

@@ -1,0 +1,55 @@
+# The host inside the simulated Windows: simulation/include stands in front in place of the
+# platform's headers, the desktop model in place of its libraries.
+include_guard()
+
+find_package(Threads REQUIRED)
+find_package(nlohmann_json REQUIRED)
+find_package(CLI11 REQUIRED)
+
+# The embedding client apart from the rest of the host: its tests bring a library of their own.
+orvane_sources(embedding_sources "${ORVANE_SOURCE_DIR}/embedding/*.cpp")
+orvane_sources(host_sources "${ORVANE_SOURCE_DIR}/*/*.cpp")
+list(REMOVE_ITEM host_sources ${embedding_sources})
+orvane_static_library(orvane_embedding ${embedding_sources})
+orvane_static_library(orvane_host ${host_sources})
+
+# The host sees the platform's headers and itself, and nothing else of the simulation.
+foreach(library IN ITEMS orvane_embedding orvane_host)
+  if(TARGET ${library})
+    target_include_directories(${library} PUBLIC "${ORVANE_SIMULATION_DIR}/include" "${ORVANE_SOURCE_DIR}")
+  endif()
+endforeach()
+orvane_link_present(orvane_host PUBLIC orvane_embedding)
+
+orvane_sources(simulation_sources "${ORVANE_SIMULATION_DIR}/world/*.cpp" "${ORVANE_SIMULATION_DIR}/windows/*.cpp"
+               "${ORVANE_SIMULATION_DIR}/scenario/*.cpp")
+orvane_static_library(orvane_simulation ${simulation_sources})
+if(TARGET orvane_simulation)
+  target_include_directories(orvane_simulation PUBLIC "${ORVANE_SIMULATION_DIR}/include" "${ORVANE_SOURCE_DIR}"
+                                                      "${ORVANE_SIMULATION_DIR}")
+  target_link_libraries(orvane_simulation PUBLIC Threads::Threads nlohmann_json::nlohmann_json)
+  if(EXISTS "${ORVANE_SIMULATION_DIR}/scenario/trace_times.cpp")
+    # appendTrace(EncodableList&, const std::string&, const std::string&): the simulation notes the
+    # virtual time of each step. A changed signature ends the link with an undefined __real_ symbol.
+    string(CONCAT append_trace "_ZN6orvane11appendTraceERSt6vectorINS_14EncodableValueESaIS1_EE"
+                               "RKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEESC_")
+    target_link_options(orvane_simulation INTERFACE "LINKER:--wrap=${append_trace}")
+  endif()
+endif()
+
+# Each needs the other's symbols: the platform starts the host, the host calls the platform. The
+# host's sources still see nothing of the simulation.
+orvane_link_present(orvane_simulation PUBLIC orvane_host)
+if(TARGET orvane_simulation)
+  foreach(library IN ITEMS orvane_embedding orvane_host)
+    if(TARGET ${library})
+      set_property(TARGET ${library} APPEND PROPERTY INTERFACE_LINK_LIBRARIES "$<LINK_ONLY:orvane_simulation>")
+    endif()
+  endforeach()
+endif()
+
+orvane_sources(simulation_main "${ORVANE_SIMULATION_DIR}/main.cpp")
+if(simulation_main AND TARGET orvane_simulation)
+  add_executable(orvane-sim ${simulation_main})
+  target_link_libraries(orvane-sim PRIVATE orvane_simulation CLI11::CLI11)
+endif()

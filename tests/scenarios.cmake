@@ -1,0 +1,20 @@
+# Each scenario file is a test; together they are run twice and compared.
+file(GLOB_RECURSE scenario_files CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/scenarios/*.json")
+
+foreach(file IN LISTS scenario_files)
+  cmake_path(RELATIVE_PATH file BASE_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/scenarios" OUTPUT_VARIABLE path)
+  cmake_path(REMOVE_EXTENSION path LAST_ONLY OUTPUT_VARIABLE path)
+  # The report goes nowhere; what the run has to object to stands on the error stream.
+  add_test(NAME "scenario.${path}" COMMAND sh -c "exec \"$1\" --json \"$2\" >/dev/null" sh $<TARGET_FILE:orvane-sim>
+                                           "${file}")
+  set_tests_properties("scenario.${path}" PROPERTIES TIMEOUT 120)
+endforeach()
+
+if(scenario_files)
+  add_test(NAME scenarios.determinism
+           COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism.py" $<TARGET_FILE:orvane-sim>
+                   "${CMAKE_CURRENT_SOURCE_DIR}/scenarios")
+  set_tests_properties(scenarios.determinism PROPERTIES TIMEOUT 600)
+  add_test(NAME scenarios.determinism_itself
+           COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism_test.py")
+endif()
