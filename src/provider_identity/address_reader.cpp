@@ -82,6 +82,9 @@ std::wstring readWindowAddress(const UiaSession& session, const UiaElement& root
 }
 
 std::wstring readWindowAddress(const UiaSession& session, HWND window) {
+  if (!session) {
+    return {};
+  }
   UiaElement root;
   session.elementFromHandle(window, root);
   return readWindowAddress(session, root);

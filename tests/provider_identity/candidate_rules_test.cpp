@@ -175,6 +175,20 @@ TEST(TabDecision, LeavesTheRememberedPositionAside_WhenNoWindowWasRemembered) {
   EXPECT_FALSE(judge(tab, request).flags.rememberedPosition);
 }
 
+TEST(TabDecision, LeavesTheRememberedPositionAside_WhenNoIndexWasRemembered) {
+  TabCandidate tab = inactiveTab(L"Recipe ideas");
+  tab.tabIndex = -1;
+  Request request = rememberingPosition();
+  request.rememberedTabIndex = -1;
+  EXPECT_FALSE(judge(tab, request).flags.rememberedPosition);
+}
+
+TEST(TabDecision, RefusesAnAnchoredTitle_WhenItIsTheCompanys) {
+  const Judgement judgement = judge(inactiveTab(L"OpenAI: pricing - ChatGPT"), requestFor(L"chatgpt"));
+  EXPECT_TRUE(judgement.flags.anchoredTitle);
+  EXPECT_EQ(judgement.decision, TabDecision::noMatch);
+}
+
 TEST(TabDecision, RefusesTheRememberedPosition_WhenTheTitleIsNoChats) {
   for (const wchar_t* title : {L"New Tab", L"", L"OpenAI", L"OpenAI | Research"}) {
     const Judgement judgement = judge(inactiveTab(title), rememberingPosition());
