@@ -131,13 +131,8 @@ INSTANTIATE_TEST_SUITE_P(Each, LowerPageLine,
 TEST_P(LowerPageLine, DecidesByTheTopEdgeAlone_WhenAControlTouchesIt) {
   const int top = GetParam().top;
   const std::string bounds = "[300, " + std::to_string(top) + ", 900, " + std::to_string(top + 4000) + "]";
-  const SimulatedDesktop desktop(desktopJson({.page = "[" + edit("field", "Prompt", bounds) + "]",
-                                              .window = std::string(R"(, "minimized": false, "topmost": false)")}));
-  const std::string sides = GetParam().window;
-  simulation::Window& window = *desktop.element("browser", "field").window;
-  int side[4] = {};
-  ASSERT_EQ(std::sscanf(sides.c_str(), "[%d, %d, %d, %d]", &side[0], &side[1], &side[2], &side[3]), 4);
-  window.bounds = {side[0], side[1], side[2], side[3]};
+  const SimulatedDesktop desktop(
+      desktopJson({.page = "[" + edit("field", "Prompt", bounds) + "]", .bounds = GetParam().window}));
 
   EXPECT_EQ(verify(desktop).isVerified, GetParam().isVerified);
 }

@@ -169,6 +169,7 @@ TEST_F(Windows, Ancestor_OfAChild_IsItsTopLevelWindow) {
   const HWND child = class_.makeChild(window);
   const HWND grandchild = class_.makeChild(child);
   EXPECT_EQ(::GetAncestor(grandchild, GA_ROOT), window);
+  EXPECT_EQ(::GetAncestor(grandchild, GA_PARENT), child);
   EXPECT_EQ(::GetAncestor(window, GA_ROOT), window);
 }
 
