@@ -138,6 +138,16 @@ class Printer {
     return rightAligned(std::to_string(atMs) + " ms", width);
   }
 
+  // Plain values as they are; of what has an inside the name alone.
+  static std::string shortValues(const Json& value) {
+    if (!value.is_object()) return value.is_array() ? keyNames(value) : writeJson(value);
+    std::string text;
+    for (const auto& [key, part] : value.items()) {
+      text += (text.empty() ? "" : ", ") + key + (part.is_structured() ? "" : "=" + writeJson(part));
+    }
+    return text;
+  }
+
   std::string verdict(const Json& reply) const {
     const std::string kind = reply.at("kind").get<std::string>();
     if (kind == "error") {
@@ -148,7 +158,7 @@ class Printer {
     if (kind == "notImplemented") return painted(color::red, "NOT IMPLEMENTED");
     if (kind != "success") return painted(color::red, kind == "none" ? "NO REPLY" : "MALFORMED REPLY");
     const Json& value = reply.at("value");
-    if (!value.is_object() || !value.contains("success")) return "REPLIED" + std::string(margin) + keyNames(value);
+    if (!value.is_object() || !value.contains("success")) return "REPLIED" + std::string(margin) + shortValues(value);
     const bool succeeded = value.at("success") == true;
     const std::string word = succeeded ? painted(color::green, "SUCCESS") : painted(color::red, "NO SUCCESS");
     const std::string message = value.contains("message") && value.at("message").is_string()

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -57,6 +58,9 @@ Scenario readScenario(const std::string& json) {
 }
 
 Scenario readScenarioFile(const std::string& file) {
+  if (std::filesystem::is_directory(file)) {
+    throw ScenarioError("", std::make_error_code(std::errc::is_a_directory).message());
+  }
   std::ifstream stream(file, std::ios::binary);
   const std::string json{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
   if (!stream.is_open() || stream.bad() || stream.fail()) {

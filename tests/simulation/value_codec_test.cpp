@@ -127,7 +127,8 @@ const Reply replies[] = {
     {"BrokenText", bytesFromHex("000701ff"), "success", "\"\xEF\xBF\xBD\"", "null"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, ReplyDecoding, ::testing::ValuesIn(replies), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Rows, ReplyDecoding, ::testing::ValuesIn(replies),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(ValueDecoder, Message_IsNoCall_WhenItsNameIsNoText) {
   EXPECT_FALSE(decodeMethodCall(*bytesFromHex("0000")));
