@@ -2,6 +2,7 @@
 
 #include "windows/com.h"
 #include "windows/uia.h"
+#include "windows/uia_unused_slots.h"
 
 namespace orvane::simulation {
 namespace {
@@ -63,9 +64,9 @@ Element& rootOf(PlatformState& state, Window& window) {
   return root;
 }
 
-class Automation final : public ComObject<IUIAutomation> {
+class Automation final : public AutomationSlots<ComObject<IUIAutomation>> {
  public:
-  Automation() : ComObject(IID_IUIAutomation) {}
+  Automation() : AutomationSlots(IID_IUIAutomation) {}
 
   HRESULT CompareElements(IUIAutomationElement* first, IUIAutomationElement* second, BOOL* same) override {
     Element* const one = elementBehind(first);

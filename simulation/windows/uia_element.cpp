@@ -4,6 +4,7 @@
 
 #include "windows/com.h"
 #include "windows/uia.h"
+#include "windows/uia_unused_slots.h"
 
 namespace orvane::simulation {
 namespace {
@@ -39,10 +40,10 @@ class ElementArray final : public ComObject<IUIAutomationElementArray> {
   std::vector<Element*> elements_;
 };
 
-class ElementObject final : public ComObject<IUIAutomationElement> {
+class ElementObject final : public ElementSlots<ComObject<IUIAutomationElement>> {
  public:
   explicit ElementObject(Element& element)
-      : ComObject(IID_IUIAutomationElement), desktop_(stateFor("UI Automation").desktop), element_(element) {}
+      : ElementSlots(IID_IUIAutomationElement), desktop_(stateFor("UI Automation").desktop), element_(element) {}
 
   Element& element() const {
     requireAlive("IUIAutomationElement");

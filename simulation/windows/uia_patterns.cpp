@@ -2,6 +2,7 @@
 
 #include "windows/com.h"
 #include "windows/uia.h"
+#include "windows/uia_unused_slots.h"
 #include "windows/wide_text.h"
 
 namespace orvane::simulation {
@@ -37,9 +38,10 @@ class InvokePattern final : public PatternObject<IUIAutomationInvokePattern> {
   }
 };
 
-class ValuePattern final : public PatternObject<IUIAutomationValuePattern> {
+class ValuePattern final : public ValuePatternSlots<PatternObject<IUIAutomationValuePattern>> {
  public:
-  ValuePattern(Desktop& desktop, Element& element) : PatternObject(IID_IUIAutomationValuePattern, desktop, element) {}
+  ValuePattern(Desktop& desktop, Element& element)
+      : ValuePatternSlots(IID_IUIAutomationValuePattern, desktop, element) {}
 
   HRESULT SetValue(BSTR value) override {
     if (const auto refused = refusalHere("IUIAutomationValuePattern::SetValue")) return *refused;
@@ -59,10 +61,10 @@ class ValuePattern final : public PatternObject<IUIAutomationValuePattern> {
   }
 };
 
-class SelectionItemPattern final : public PatternObject<IUIAutomationSelectionItemPattern> {
+class SelectionItemPattern final : public SelectionItemPatternSlots<PatternObject<IUIAutomationSelectionItemPattern>> {
  public:
   SelectionItemPattern(Desktop& desktop, Element& element)
-      : PatternObject(IID_IUIAutomationSelectionItemPattern, desktop, element) {}
+      : SelectionItemPatternSlots(IID_IUIAutomationSelectionItemPattern, desktop, element) {}
 
   HRESULT Select() override {
     if (const auto refused = refusalHere("IUIAutomationSelectionItemPattern::Select")) return *refused;

@@ -68,9 +68,9 @@ struct IUIAutomationInvokePattern : IUnknown {
 struct IUIAutomationValuePattern : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE SetValue(BSTR value) = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentValue(BSTR* value) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot6() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot6() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() = 0;
 };
 
 struct IUIAutomationSelectionItemPattern : IUnknown {
@@ -78,9 +78,9 @@ struct IUIAutomationSelectionItemPattern : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE AddToSelection() = 0;
   virtual HRESULT STDMETHODCALLTYPE RemoveFromSelection() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentIsSelected(BOOL* selected) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot8() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot8() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() = 0;
 };
 
 struct IUIAutomationLegacyIAccessiblePattern : IUnknown {
@@ -91,149 +91,149 @@ struct IUIAutomationLegacyIAccessiblePattern : IUnknown {
 
 struct IUIAutomationElement : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE SetFocus() = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot4() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot4() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() = 0;
   virtual HRESULT STDMETHODCALLTYPE FindAll(TreeScope scope, IUIAutomationCondition* condition,
                                             IUIAutomationElementArray** found) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot8() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot8() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() = 0;
   virtual HRESULT STDMETHODCALLTYPE GetCurrentPropertyValue(PROPERTYID property, VARIANT* value) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot11() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot12() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot13() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot11() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot12() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot13() = 0;
   virtual HRESULT STDMETHODCALLTYPE GetCurrentPatternAs(PATTERNID pattern, REFIID iid, void** object) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot15() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot16() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot17() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot18() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot19() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot20() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot15() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot16() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot17() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot18() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot19() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot20() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentControlType(CONTROLTYPEID* type) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot22() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot22() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentName(BSTR* name) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot24() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot25() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot26() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot24() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot25() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot26() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentIsKeyboardFocusable(BOOL* focusable) = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentIsEnabled(BOOL* enabled) = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentAutomationId(BSTR* id) = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentClassName(BSTR* name) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot31() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot32() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot33() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot34() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot31() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot32() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot33() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot34() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentIsPassword(BOOL* password) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot36() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot37() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot36() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot37() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentIsOffscreen(BOOL* offscreen) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot39() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot39() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentFrameworkId(BSTR* id) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot41() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot42() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot41() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot42() = 0;
   virtual HRESULT STDMETHODCALLTYPE get_CurrentBoundingRectangle(RECT* bounds) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot44() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot45() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot46() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot47() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot48() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot49() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot50() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot51() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot52() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot53() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot54() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot55() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot56() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot57() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot58() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot59() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot60() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot61() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot62() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot63() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot64() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot65() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot66() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot67() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot68() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot69() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot70() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot71() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot72() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot73() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot74() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot75() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot76() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot77() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot78() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot79() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot80() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot81() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot82() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot83() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot84() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot44() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot45() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot46() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot47() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot48() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot49() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot50() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot51() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot52() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot53() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot54() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot55() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot56() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot57() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot58() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot59() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot60() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot61() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot62() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot63() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot64() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot65() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot66() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot67() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot68() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot69() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot70() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot71() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot72() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot73() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot74() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot75() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot76() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot77() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot78() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot79() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot80() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot81() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot82() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot83() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot84() = 0;
 };
 
 struct IUIAutomation : IUnknown {
   virtual HRESULT STDMETHODCALLTYPE CompareElements(IUIAutomationElement* first, IUIAutomationElement* second,
                                                     BOOL* same) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot4() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot4() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot5() = 0;
   virtual HRESULT STDMETHODCALLTYPE ElementFromHandle(HWND window, IUIAutomationElement** element) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot7() = 0;
   virtual HRESULT STDMETHODCALLTYPE GetFocusedElement(IUIAutomationElement** element) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot10() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot11() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot12() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot13() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot14() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot15() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot16() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot17() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot18() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot19() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot20() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot9() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot10() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot11() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot12() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot13() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot14() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot15() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot16() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot17() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot18() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot19() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot20() = 0;
   virtual HRESULT STDMETHODCALLTYPE CreateTrueCondition(IUIAutomationCondition** condition) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot22() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot22() = 0;
   virtual HRESULT STDMETHODCALLTYPE CreatePropertyCondition(PROPERTYID property, VARIANT value,
                                                             IUIAutomationCondition** condition) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot24() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot25() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot26() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot27() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot24() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot25() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot26() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot27() = 0;
   virtual HRESULT STDMETHODCALLTYPE CreateOrCondition(IUIAutomationCondition* first, IUIAutomationCondition* second,
                                                       IUIAutomationCondition** condition) = 0;
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot29() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot30() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot31() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot32() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot33() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot34() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot35() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot36() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot37() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot38() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot39() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot40() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot41() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot42() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot43() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot44() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot45() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot46() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot47() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot48() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot49() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot50() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot51() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot52() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot53() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot54() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot55() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot56() { return E_NOTIMPL; }
-  virtual HRESULT STDMETHODCALLTYPE unusedSlot57() { return E_NOTIMPL; }
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot29() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot30() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot31() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot32() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot33() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot34() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot35() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot36() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot37() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot38() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot39() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot40() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot41() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot42() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot43() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot44() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot45() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot46() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot47() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot48() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot49() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot50() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot51() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot52() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot53() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot54() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot55() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot56() = 0;
+  virtual HRESULT STDMETHODCALLTYPE unusedSlot57() = 0;
 };
 
 }  // namespace orvane
