@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,6 +9,8 @@
 #include "world/desktop.h"
 
 namespace orvane::simulation {
+
+class PlatformState;
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -71,11 +74,15 @@ struct PlatformRecords {
 };
 
 // The platform's functions in front of one desktop, for one run of the host in this process.
-// There is one of it in a process; it lives as long as the process.
+// There is one of it in a process; it lives as long as the process. Where several stand one after
+// another (tests), the functions belong to the last one made.
 class Platform {
  public:
   // `script` may be null where no host runs (contract tests).
   Platform(Desktop& desktop, InterfaceScript* script, std::vector<Text> arguments);
+  ~Platform();
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
 
   // The host from wWinMain to its exit code. When the script's steps are done, closes the host's
   // main window as a person does.
@@ -90,6 +97,9 @@ class Platform {
 
   PlatformRecords& records();
   Desktop& desktop();
+
+ private:
+  std::unique_ptr<PlatformState> state_;
 };
 
 }  // namespace orvane::simulation

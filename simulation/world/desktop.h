@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,9 +15,16 @@
 #include "world/faults.h"
 #include "world/geometry.h"
 #include "world/rules.h"
+#include "world/spelling.h"
 #include "world/text.h"
 
 namespace orvane::simulation {
+
+// The process that the host runs in.
+inline constexpr std::string_view hostProcess = "orvane.exe";
+inline constexpr TextView hostImagePath = u"C:\\Program Files\\Orvane\\orvane.exe";
+inline constexpr std::uint32_t hostProcessId = 6104;
+inline constexpr std::uint32_t hostThreadId = 6108;
 
 struct Monitor {
   Rectangle bounds{0, 0, 1920, 1080};
@@ -28,6 +36,7 @@ struct Tab {
   Text title;
   Text address;
   Element* item = nullptr;  // its name follows the title
+  std::size_t index = 0;    // its place among the window's tabs
   std::vector<Element*> page;
   std::vector<Rule> rules;
   bool closed = false;
@@ -64,6 +73,7 @@ struct Window {
   std::string process;
   Text path;
   std::uint32_t pid = 0;
+  bool sharesProcess = false;  // without a pid of its own: windows of the same image share one
   std::uint32_t threadId = 0;
   Text className;
   Text title;  // as set; a browser's without a title of its own follows its tab
@@ -82,7 +92,9 @@ struct Window {
   Element* root = nullptr;
   Element* tabControl = nullptr;
   Element* addressBar = nullptr;
-  bool addressBarFollowsTab = false;
+  bool hasDefaultAddressBar = false;
+  bool addressBarFollowsTab = false;  // until something else is put into the default one
+  bool addressBarHasPlace = false;    // it has bounds of its own
   Element* document = nullptr;
   std::vector<Tab*> tabs;
   Tab* selected = nullptr;
@@ -123,6 +135,10 @@ class Desktop {
   std::vector<Monitor> monitors{Monitor{}};
   std::optional<bool> lightTheme;
   Clipboard clipboard;
+  Spelling spelling;
+  // What a person does with the next menu: picks the entry shown at this place, from 1; nullopt:
+  // dismisses it. Whoever opens a menu takes it back to nullopt.
+  std::optional<int> nextMenuChoice;
   HostWindows* host = nullptr;
 
   // ---- windows
@@ -133,6 +149,10 @@ class Desktop {
   void destroyWindow(Window& window);            // the foreground falls to the next visible window in z-order
   Window* windowByHandle(std::uint64_t handle);  // live ones only
   Window* windowById(std::string_view id);       // live ones only
+  // The handle that a window of this id has or had; 0: there never was one.
+  std::uint64_t handleOfId(std::string_view id) const;
+  // Every window that was ever made, in order, destroyed ones and children too.
+  const std::deque<std::unique_ptr<Window>>& allWindows() const { return windows_; }
   const std::vector<Window*>& zOrder() const { return zOrder_; }  // live top-level windows, top first
   void raise(Window& window);                                     // to the top of its band (topmost ones lie above)
   void lower(Window& window);
@@ -140,6 +160,9 @@ class Desktop {
   void setTopmost(Window& window, bool topmost);
   Text windowTitle(const Window& window) const;
   Rectangle visibleBounds(const Window& window) const;  // of an iconic window: its parking place
+  // The style words as the platform gives them, with the bits of the window's state.
+  static std::uint32_t styleOf(const Window& window);
+  static std::uint32_t exStyleOf(const Window& window);
 
   // ---- foreground and focus
   Window* foreground() const { return foreground_; }
@@ -147,12 +170,19 @@ class Desktop {
   bool requestForeground(Window& window);
   // A person or a rule; null: no window. Restores nothing.
   void moveForeground(Window* window);
+  // A window that can't keep the foreground (hidden, minimised): it falls to the next visible
+  // window in z-order. Nothing happens when it isn't in the foreground.
+  void giveUpForeground(Window& window);
   Element* focusedElement() const;  // of the foreground window; null: none
 
   // ---- UI Automation's view
   // The descendants of an element in tree order, the element itself not among them.
   std::vector<Element*> descendants(const Element& element) const;
   bool isAvailable(const Element& element) const;
+  // Every control that was ever made, in order, those that have left included.
+  const std::deque<std::unique_ptr<Element>>& allElements() const { return elements_; }
+  // How rules and reports name a control: its id, a tab item's title; nullopt: they can't.
+  static std::optional<std::string> reportName(const Element& element);
   // An element's value, name or bounds as they stand, derived ones included.
   Text addressOf(const Window& window) const;
   ElementFacts factsOf(const Element& element) const;
@@ -180,6 +210,39 @@ class Desktop {
   void resizeByPerson(Window& window, const Rectangle& bounds);
 
  private:
+  friend class ActionPerformer;
+
+  // windows
+  Window& makeWindow();
+  std::uint32_t processIdFor(const WindowPlan& plan, TextView path);
+  void insertOnTopOfBand(Window& window);
+  void setForeground(Window* window);
+
+  // trees
+  void buildTree(Window& window, const WindowPlan& plan);
+  void buildAddressBar(Window& window, const WindowPlan& plan);
+  Element& makeElement(Window& window, Tab* tab, Element* parent, const ElementPlan& plan);
+  Tab& makeTab(Window& window, const TabPlan& plan);
+  Element* elementById(Window& window, Tab* preferred, std::string_view id) const;
+  Tab* tabByTitle(Window& window, TextView title) const;
+  void addToPage(Window& window, Tab* tab, const ElementPlan& plan);
+  void removeElement(Element& element);
+  void selectTab(Window& window, Tab* tab);
+  void closeTab(Window& window, Tab& tab);
+  void setAddress(Window& window, Tab& tab, TextView address);
+  void writeValue(Element& element, TextView value);
+  void moveFocus(Window& window, Element* element);
+  void dropLostFocus(Window& window);
+
+  // keys and rules
+  KeyChord chordOf(int virtualKey) const;
+  void editByKey(Element& element, const KeyChord& chord);
+  void paste(Element& element);
+  void fire(Window& window, const std::function<bool(const Trigger&)>& fits);
+  void fireOn(Element& element, Trigger::Kind kind);
+  void fireRule(Window& window, Tab* tab, Rule& rule);
+  void scheduleTimes(Window& window, Tab* tab, std::vector<Rule>& rules);
+
   Clock& clock_;
   Books& books_;
   std::deque<std::unique_ptr<Window>> windows_;
@@ -189,7 +252,9 @@ class Desktop {
   Window* foreground_ = nullptr;
   std::vector<KeyEvent> keyEvents_;
   std::vector<bool> keysDown_ = std::vector<bool>(256, false);
-  std::uint64_t nextHandle_ = 0;
+  std::uint64_t nextHandle_ = 0x00010104;
+  std::uint32_t nextProcessId_ = 71004;
+  std::optional<std::int64_t> rulesStartMs_;
 };
 
 }  // namespace orvane::simulation

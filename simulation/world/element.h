@@ -66,6 +66,7 @@ struct ElementFacts {
 // A control that is to be made, with what lies below it.
 struct ElementPlan {
   ElementFacts facts;
+  bool hasBounds = false;  // the plan says where it lies; an address bar has a place without that
   std::vector<ElementPlan> children;
 };
 

@@ -32,6 +32,20 @@ struct Fault {
   int seen = 0;
 };
 
+// The kinds of `Books::hold`, as the report names them; all stand in `held` from the start, at 0.
+namespace held_kind {
+inline constexpr std::string_view comReferences = "comReferences";
+inline constexpr std::string_view bstrs = "bstrs";
+inline constexpr std::string_view variants = "variants";
+inline constexpr std::string_view globalBlocks = "globalBlocks";
+inline constexpr std::string_view menus = "menus";
+inline constexpr std::string_view gdiObjects = "gdiObjects";
+inline constexpr std::string_view processHandles = "processHandles";
+inline constexpr std::string_view threadInputs = "threadInputs";
+inline constexpr std::string_view hooks = "hooks";
+inline constexpr std::string_view openClipboard = "openClipboard";
+}  // namespace held_kind
+
 // The books of the platform: how often each operation was called, which calls fail, what is held.
 class Books {
  public:
@@ -51,22 +65,14 @@ class Books {
  private:
   std::vector<Fault> faults_;
   std::map<std::string, std::int64_t, std::less<>> calls_;
-  std::map<std::string, std::int64_t, std::less<>> held_;
+  std::map<std::string, std::int64_t, std::less<>> held_{
+      {std::string(held_kind::comReferences), 0},  {std::string(held_kind::bstrs), 0},
+      {std::string(held_kind::variants), 0},       {std::string(held_kind::globalBlocks), 0},
+      {std::string(held_kind::menus), 0},          {std::string(held_kind::gdiObjects), 0},
+      {std::string(held_kind::processHandles), 0}, {std::string(held_kind::threadInputs), 0},
+      {std::string(held_kind::hooks), 0},          {std::string(held_kind::openClipboard), 0},
+  };
 };
-
-// The kinds of `Books::hold`, as the report names them; all stand in `held` from the start, at 0.
-namespace held_kind {
-inline constexpr std::string_view comReferences = "comReferences";
-inline constexpr std::string_view bstrs = "bstrs";
-inline constexpr std::string_view variants = "variants";
-inline constexpr std::string_view globalBlocks = "globalBlocks";
-inline constexpr std::string_view menus = "menus";
-inline constexpr std::string_view gdiObjects = "gdiObjects";
-inline constexpr std::string_view processHandles = "processHandles";
-inline constexpr std::string_view threadInputs = "threadInputs";
-inline constexpr std::string_view hooks = "hooks";
-inline constexpr std::string_view openClipboard = "openClipboard";
-}  // namespace held_kind
 
 // Ends the run: the host did what the simulation doesn't model or what Windows forbids.
 // Writes "simulation: CALL: WHAT" as one line to the error stream; the process ends with status 3.

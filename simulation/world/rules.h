@@ -85,6 +85,7 @@ struct CloseWindow {
 };
 struct SetClipboard {
   ClipboardContent content;
+  bool keepsForms = false;  // only who holds it open changes: no form, no sequence number
 };
 // What a sent message does on a page: the value of one control becomes that of another.
 struct CopyValue {

@@ -18,6 +18,9 @@ class FlutterEngine final : public PluginRegistry {
   // FlutterDesktopEngineDestroy, unless the engine has been handed on.
   ~FlutterEngine() override;
 
+  FlutterEngine(const FlutterEngine&) = delete;
+  FlutterEngine& operator=(const FlutterEngine&) = delete;
+
   [[nodiscard]] FlutterDesktopEngineRef handle() const noexcept { return engine_; }
 
   // FlutterDesktopEngineGetMessenger's; null without an engine. Lives as long as this object.

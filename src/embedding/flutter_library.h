@@ -9,14 +9,14 @@
 // uses it. All handles are opaque and belong to the library.
 extern "C" {
 
-typedef struct FlutterDesktopEngine* FlutterDesktopEngineRef;
-typedef struct FlutterDesktopViewController* FlutterDesktopViewControllerRef;
-typedef struct FlutterDesktopView* FlutterDesktopViewRef;
-typedef struct FlutterDesktopPluginRegistrar* FlutterDesktopPluginRegistrarRef;
-typedef struct FlutterDesktopMessenger* FlutterDesktopMessengerRef;
-typedef struct FlutterPlatformMessageResponseHandle FlutterDesktopMessageResponseHandle;
+using FlutterDesktopEngineRef = struct FlutterDesktopEngine*;
+using FlutterDesktopViewControllerRef = struct FlutterDesktopViewController*;
+using FlutterDesktopViewRef = struct FlutterDesktopView*;
+using FlutterDesktopPluginRegistrarRef = struct FlutterDesktopPluginRegistrar*;
+using FlutterDesktopMessengerRef = struct FlutterDesktopMessenger*;
+using FlutterDesktopMessageResponseHandle = struct FlutterPlatformMessageResponseHandle;
 
-typedef struct {
+struct FlutterDesktopEngineProperties {
   const wchar_t* assets_path;
   const wchar_t* icu_data_path;
   const wchar_t* aot_library_path;
@@ -26,20 +26,20 @@ typedef struct {
   std::int32_t first_option;
   std::int32_t second_option;
   std::int32_t third_option;
-} FlutterDesktopEngineProperties;
+};
 
-typedef struct {
+struct FlutterDesktopMessage {
   std::size_t struct_size;
   const char* channel;
   const std::uint8_t* message;
   std::size_t message_size;
   const FlutterDesktopMessageResponseHandle* response_handle;
-} FlutterDesktopMessage;
+};
 
-typedef void (*FlutterDesktopBinaryReply)(const std::uint8_t* data, std::size_t size, void* user_data);
-typedef void (*FlutterDesktopMessageCallback)(FlutterDesktopMessengerRef messenger,
-                                              const FlutterDesktopMessage* message, void* user_data);
-typedef void (*FlutterDesktopFrameCallback)(void* user_data);
+using FlutterDesktopBinaryReply = void (*)(const std::uint8_t* data, std::size_t size, void* user_data);
+using FlutterDesktopMessageCallback = void (*)(FlutterDesktopMessengerRef messenger,
+                                               const FlutterDesktopMessage* message, void* user_data);
+using FlutterDesktopFrameCallback = void (*)(void* user_data);
 
 FlutterDesktopEngineRef FlutterDesktopEngineCreate(const FlutterDesktopEngineProperties* properties);
 bool FlutterDesktopEngineDestroy(FlutterDesktopEngineRef engine);

@@ -1,6 +1,5 @@
 #include "embedding/standard_codec_serializer.h"
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <limits>
@@ -205,7 +204,7 @@ EncodableValue StandardCodecSerializer::readList(ByteStreamReader& stream) const
   const std::size_t count = readSize(stream);
   const DecodingLimits::Level level(stream.limits());
   auto& list = *std::get_if<EncodableList>(&value);
-  list.reserve(stream.limits().grantElements(std::min(count, stream.remaining())));
+  list.reserve(stream.limits().grantElements(count));
   while (list.size() < count && !stream.limits().exceeded() && !endsEarly(stream)) {
     list.push_back(ReadValue(stream));
   }

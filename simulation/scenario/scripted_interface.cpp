@@ -1,0 +1,135 @@
+#include "scenario/scripted_interface.h"
+
+#include "scenario/report.h"
+#include "scenario/trace_times.h"
+
+namespace orvane::simulation {
+namespace {
+
+// A success with null, as the interface's handlers answer.
+const Bytes emptySuccess{0, 0};
+
+bool hasStepTimes(const Json& value, const std::vector<std::int64_t>& times) {
+  return value.is_object() && value.contains("logs") && value.at("logs").is_array() &&
+         value.at("logs").size() == times.size();
+}
+
+}  // namespace
+
+ScriptedInterface::ScriptedInterface(const Scenario& scenario, Desktop& desktop)
+    : scenario_(scenario), desktop_(desktop) {
+  sources_.handleOf = [this](const std::string& id) { return desktop_.handleOfId(id); };
+  sources_.replyValue = [this](const std::string& reference) { return replyValue(reference); };
+}
+
+bool ScriptedInterface::performStep() {
+  if (!hasBegun_) begin();
+  if (nextStep_ == scenario_.steps.size()) return false;
+  std::visit([this](const auto& step) { perform(step); }, scenario_.steps[nextStep_++]);
+  return true;
+}
+
+void ScriptedInterface::stepsDone() { endState_ = describeDesktop(desktop_); }
+
+void ScriptedInterface::begin() {
+  hasBegun_ = true;
+  const DesktopPlan& plan = scenario_.desktop;
+  if (plan.setsForeground) desktop_.moveForeground(plan.foreground ? &windowOf(*plan.foreground) : nullptr);
+  desktop_.startRules();
+}
+
+std::optional<Bytes> ScriptedInterface::messageFromHost(const std::string& channel, const Bytes& message) {
+  const auto call = decodeMethodCall(message);
+  Json& record = callsFromHost_.emplace_back(Json::object());
+  record["channel"] = validUtf8(channel);
+  record["method"] = call ? Json(call->method) : Json(nullptr);
+  record["arguments"] = call ? call->arguments : Json(nullptr);
+  record["messageHex"] = hexFromBytes(message);
+  record["ms"] = desktop_.clock().nowMs();
+  return emptySuccess;
+}
+
+void ScriptedInterface::perform(const step::Call& step) {
+  send(step.channel, encodeMethodCall(step.method, step.arguments, sources_), step.as, step.method);
+}
+
+void ScriptedInterface::perform(const step::Bytes& step) {
+  const auto call = decodeMethodCall(step.message);
+  send(step.channel, step.message, step.as, call ? Json(call->method) : Json(nullptr));
+}
+
+void ScriptedInterface::perform(const step::Wait& step) { desktop_.clock().sleep(step.ms); }
+
+void ScriptedInterface::perform(const step::BringForward& step) {
+  if (!step.window) return desktop_.moveForeground(nullptr);
+  Window& window = windowOf(*step.window);
+  // A person can't bring a minimised window up without restoring it.
+  if (!window.ofHost) window.minimized = false;
+  desktop_.moveForeground(&window);
+}
+
+void ScriptedInterface::perform(const step::Close& step) { desktop_.closeByPerson(windowOf(step.window)); }
+
+void ScriptedInterface::perform(const step::Minimize& step) { desktop_.minimizeByPerson(windowOf(step.window)); }
+
+void ScriptedInterface::perform(const step::Resize& step) {
+  desktop_.resizeByPerson(windowOf(step.window), step.bounds);
+}
+
+void ScriptedInterface::perform(const step::ChooseMenu& step) { desktop_.nextMenuChoice = step.entry; }
+
+void ScriptedInterface::perform(const step::SwitchTab& step) { desktop_.switchTab(windowOf(step.window), step.title); }
+
+void ScriptedInterface::perform(const step::Post& step) {
+  platform_->post(windowOf(step.window), step.message, static_cast<std::uint64_t>(messageParameter(step.wParam)),
+                  messageParameter(step.lParam));
+}
+
+void ScriptedInterface::perform(const step::Do& step) {
+  desktop_.perform(step.actions, step.window ? &windowOf(*step.window) : nullptr, nullptr);
+}
+
+void ScriptedInterface::send(const std::string& channel, const Bytes& message, const std::string& as,
+                             const Json& method) {
+  const Clock& clock = desktop_.clock();
+  const std::int64_t startMs = clock.nowMs();
+  startTraceTimes(clock);
+  const std::optional<Bytes> reply = platform_->sendToHost(channel, message);
+  DecodedReply decoded = decodeReply(reply);
+  Json record;
+  record["as"] = as;
+  record["method"] = method;
+  record["kind"] = decoded.kind;
+  record["value"] = std::move(decoded.value);
+  record["error"] = std::move(decoded.error);
+  if (reply) record["replyHex"] = hexFromBytes(*reply);
+  record["startMs"] = startMs;
+  record["endMs"] = clock.nowMs();
+  if (hasStepTimes(record["value"], traceTimes())) record["stepMs"] = traceTimes();
+  replies_.push_back(std::move(record));
+}
+
+Window& ScriptedInterface::windowOf(const std::string& id) {
+  Window* window = desktop_.windowById(id);
+  if (window == nullptr) stopRun("scenario", "a step acts on the window \"" + id + "\", which isn't there");
+  return *window;
+}
+
+std::int64_t ScriptedInterface::messageParameter(const Json& parameter) const {
+  if (!parameter.is_object()) return parameter.get<std::int64_t>();
+  return static_cast<std::int64_t>(desktop_.handleOfId(parameter.at("$window").get<std::string>()));
+}
+
+Json ScriptedInterface::replyValue(const std::string& reference) const {
+  const std::size_t point = reference.find('.');
+  const std::string name = reference.substr(0, point);
+  const std::string key = reference.substr(point + 1);
+  for (const Json& reply : replies_) {
+    if (reply.at("as") != name) continue;
+    const Json& value = reply.at("value");
+    return value.is_object() && value.contains(key) ? value.at(key) : Json(nullptr);
+  }
+  return nullptr;
+}
+
+}  // namespace orvane::simulation

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "scenario/json.h"
+#include "scenario/scenario.h"
+#include "scenario/value_codec.h"
+#include "windows/platform.h"
+
+namespace orvane::simulation {
+
+// The interface that performs a scenario's steps and keeps what came back.
+class ScriptedInterface : public InterfaceScript {
+ public:
+  ScriptedInterface(const Scenario& scenario, Desktop& desktop);
+
+  // Must be called before the host runs: where calls and messages go.
+  void attach(Platform& platform) { platform_ = &platform; }
+
+  bool performStep() override;
+  void stepsDone() override;
+  std::optional<Bytes> messageFromHost(const std::string& channel, const Bytes& message) override;
+
+  // In the report's forms.
+  const Json& replies() const { return replies_; }
+  const Json& callsFromHost() const { return callsFromHost_; }
+  const Json& endState() const { return endState_; }  // null until the steps are done
+
+ private:
+  void begin();
+  void perform(const step::Call& step);
+  void perform(const step::Bytes& step);
+  void perform(const step::Wait& step);
+  void perform(const step::BringForward& step);
+  void perform(const step::Close& step);
+  void perform(const step::Minimize& step);
+  void perform(const step::Resize& step);
+  void perform(const step::ChooseMenu& step);
+  void perform(const step::SwitchTab& step);
+  void perform(const step::Post& step);
+  void perform(const step::Do& step);
+
+  void send(const std::string& channel, const Bytes& message, const std::string& as, const Json& method);
+  Window& windowOf(const std::string& id);
+  std::int64_t messageParameter(const Json& parameter) const;
+  Json replyValue(const std::string& reference) const;
+
+  const Scenario& scenario_;
+  Desktop& desktop_;
+  Platform* platform_ = nullptr;
+  ValueSources sources_;
+  bool hasBegun_ = false;
+  std::size_t nextStep_ = 0;
+  Json replies_ = Json::array();
+  Json callsFromHost_ = Json::array();
+  Json endState_;
+};
+
+}  // namespace orvane::simulation

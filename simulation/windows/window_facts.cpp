@@ -1,0 +1,122 @@
+#include <windows.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "windows/call.h"
+#include "windows/state.h"
+#include "windows/wide_text.h"
+#include "windows/window_geometry.h"
+#include "windows/window_life.h"
+
+using namespace orvane::simulation;
+
+namespace {
+
+constexpr std::uint32_t stateStyleBits = WS_VISIBLE | WS_MINIMIZE;
+
+// What a style word changes of the window; bits of its state don't change this way.
+LONG_PTR replaceStyle(Window& window, LONG_PTR value) {
+  const std::uint32_t former = Desktop::styleOf(window);
+  const auto style = static_cast<std::uint32_t>(value);
+  if (((style ^ former) & stateStyleBits) != 0) stopRun("SetWindowLongPtrW", "showing by a style isn't modelled");
+  window.style = style & ~stateStyleBits;
+  return static_cast<LONG>(former);
+}
+
+LONG_PTR replaceExStyle(Window& window, LONG_PTR value) {
+  const std::uint32_t former = Desktop::exStyleOf(window);
+  const auto exStyle = static_cast<std::uint32_t>(value);
+  if (((exStyle ^ former) & WS_EX_TOPMOST) != 0) stopRun("SetWindowLongPtrW", "raising by a style isn't modelled");
+  window.exStyle = exStyle & ~static_cast<std::uint32_t>(WS_EX_TOPMOST);
+  return static_cast<LONG>(former);
+}
+
+}  // namespace
+
+LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) {
+  PlatformState& state = stateFor("SetWindowLongPtrW");
+  Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("SetWindowLongPtrW", about)) return faulted<LONG_PTR>(*fault);
+  if (about == nullptr) return failWith<LONG_PTR>(ERROR_INVALID_WINDOW_HANDLE);
+  HostWindow* const own = state.hostWindow(about);
+  if (own == nullptr) stopRun("SetWindowLongPtrW", "another program's window");
+  switch (index) {
+    case GWLP_USERDATA:
+      return std::exchange(own->userData, value);
+    case GWL_STYLE:
+      return replaceStyle(*about, value);
+    case GWL_EXSTYLE:
+      return replaceExStyle(*about, value);
+    default:
+      stopRun("SetWindowLongPtrW", "an index that isn't modelled");
+  }
+}
+
+LONG_PTR GetWindowLongPtrW(HWND window, int index) {
+  PlatformState& state = stateFor("GetWindowLongPtrW");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetWindowLongPtrW", about)) return faulted<LONG_PTR>(*fault);
+  if (about == nullptr) return failWith<LONG_PTR>(ERROR_INVALID_WINDOW_HANDLE);
+  const HostWindow* const own = state.hostWindow(about);
+  if (index == GWLP_USERDATA && own != nullptr) return own->userData;
+  if (index == GWL_STYLE) return static_cast<LONG>(Desktop::styleOf(*about));
+  if (index == GWL_EXSTYLE) return static_cast<LONG>(Desktop::exStyleOf(*about));
+  stopRun("GetWindowLongPtrW", "an index that isn't modelled");
+}
+
+BOOL IsWindow(HWND window) {
+  const Window* const about = stateFor("IsWindow").liveWindow(window);
+  if (const auto fault = enter("IsWindow", about)) return faulted<BOOL>(*fault);
+  return about != nullptr ? TRUE : failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+}
+
+HWND GetAncestor(HWND window, UINT which) {
+  Window* const about = stateFor("GetAncestor").liveWindow(window);
+  if (const auto fault = enter("GetAncestor", about)) return faulted<HWND>(*fault);
+  if (which != GA_ROOT) stopRun("GetAncestor", "an ancestor other than the root isn't modelled");
+  if (about == nullptr) return failWith<HWND>(ERROR_INVALID_WINDOW_HANDLE);
+  Window* top = about;
+  while (top->parent != nullptr && !isUnparented(*top)) top = top->parent;
+  return handleOf(top);
+}
+
+// The windows of the moment of the call; those that go meanwhile aren't visited.
+BOOL EnumWindows(WNDENUMPROC visit, LPARAM parameter) {
+  PlatformState& state = stateFor("EnumWindows");
+  if (const auto fault = enter("EnumWindows")) return faulted<BOOL>(*fault);
+  const std::vector<Window*> windows = state.desktop.zOrder();
+  return std::all_of(windows.begin(), windows.end(), [visit, parameter](const Window* window) {
+    return window->destroyed || visit(handleOf(window), parameter) != FALSE;
+  });
+}
+
+DWORD GetWindowThreadProcessId(HWND window, LPDWORD processId) {
+  const Window* const about = stateFor("GetWindowThreadProcessId").liveWindow(window);
+  if (const auto fault = enter("GetWindowThreadProcessId", about)) return faulted<DWORD>(*fault);
+  if (about == nullptr) return failWith<DWORD>(ERROR_INVALID_WINDOW_HANDLE);
+  if (processId != nullptr) *processId = about->pid;
+  return about->threadId;
+}
+
+int GetWindowTextLengthW(HWND window) {
+  PlatformState& state = stateFor("GetWindowTextLengthW");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetWindowTextLengthW", about)) return faulted<int>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, 0);
+  setLastError(ERROR_SUCCESS);
+  return static_cast<int>(state.desktop.windowTitle(*about).size());
+}
+
+int GetWindowTextW(HWND window, LPWSTR text, int capacity) {
+  PlatformState& state = stateFor("GetWindowTextW");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetWindowTextW", about)) return faulted<int>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, 0);
+  setLastError(ERROR_SUCCESS);
+  if (text == nullptr || capacity <= 0) return 0;
+  const std::wstring title = wideFromText(state.desktop.windowTitle(*about));
+  const int copied = std::min(static_cast<int>(title.size()), capacity - 1);
+  *std::copy_n(title.begin(), copied, text) = L'\0';
+  return copied;
+}

@@ -1,0 +1,145 @@
+#include <windows.h>
+
+#include "windows/call.h"
+#include "windows/show_state.h"
+#include "windows/state.h"
+#include "windows/window_geometry.h"
+#include "windows/window_life.h"
+
+using namespace orvane::simulation;
+
+namespace {
+
+constexpr UINT modelledFlags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED |
+                               SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_NOOWNERZORDER;
+constexpr UINT untouchedPlace = SWP_NOSIZE | SWP_NOMOVE;
+constexpr std::uintptr_t firstMonitorHandle = 0x10001;
+
+RECT rectOf(const Rectangle& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
+
+// False when the anchor is no window.
+bool changeOrder(PlatformState& state, Window& window, HWND insertAfter) {
+  Desktop& desktop = state.desktop;
+  if (window.parent != nullptr) return true;
+  if (insertAfter == HWND_TOP) {
+    desktop.raise(window);
+  } else if (insertAfter == HWND_BOTTOM) {
+    window.topmost = false;
+    desktop.lower(window);
+  } else if (insertAfter == HWND_TOPMOST || insertAfter == HWND_NOTOPMOST) {
+    desktop.setTopmost(window, insertAfter == HWND_TOPMOST);
+  } else {
+    Window* const above = state.liveWindow(insertAfter);
+    if (above == nullptr) return false;
+    desktop.placeBehind(window, *above);
+  }
+  return true;
+}
+
+void changePlace(PlatformState& state, Window& window, const Rectangle& place, UINT flags) {
+  if ((flags & untouchedPlace) == untouchedPlace) return;
+  if (window.minimized) stopRun("SetWindowPos", "the place of an iconic window isn't modelled");
+  const Rectangle before = window.bounds;
+  const int left = (flags & SWP_NOMOVE) != 0 ? before.left : place.left;
+  const int top = (flags & SWP_NOMOVE) != 0 ? before.top : place.top;
+  const int width = (flags & SWP_NOSIZE) != 0 ? before.width() : place.width();
+  const int height = (flags & SWP_NOSIZE) != 0 ? before.height() : place.height();
+  changeBounds(state, window, {left, top, left + width, top + height});
+}
+
+Rectangle placed(int x, int y, int width, int height) {
+  return {x, y, x + (width < 0 ? 0 : width), y + (height < 0 ? 0 : height)};
+}
+
+}  // namespace
+
+BOOL GetClientRect(HWND window, LPRECT client) {
+  PlatformState& state = stateFor("GetClientRect");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetClientRect", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  const Rectangle onScreen = clientOnScreen(state, *about);
+  *client = {0, 0, onScreen.width(), onScreen.height()};
+  return TRUE;
+}
+
+BOOL GetWindowRect(HWND window, LPRECT bounds) {
+  PlatformState& state = stateFor("GetWindowRect");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetWindowRect", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  *bounds = rectOf(screenBounds(state, *about));
+  return TRUE;
+}
+
+BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL) {
+  PlatformState& state = stateFor("MoveWindow");
+  Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("MoveWindow", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  changePlace(state, *about, placed(x, y, width, height), 0);
+  return TRUE;
+}
+
+BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags) {
+  PlatformState& state = stateFor("SetWindowPos");
+  Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("SetWindowPos", about)) return faulted<BOOL>(*fault);
+  if ((flags & ~modelledFlags) != 0) stopRun("SetWindowPos", "an unknown flag");
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  if ((flags & SWP_NOZORDER) == 0 && !changeOrder(state, *about, insertAfter)) {
+    return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  }
+  changePlace(state, *about, placed(x, y, width, height), flags);
+  if ((flags & SWP_SHOWWINDOW) != 0) changeVisibility(state, *about, true);
+  if ((flags & SWP_HIDEWINDOW) != 0) changeVisibility(state, *about, false);
+  return TRUE;
+}
+
+// Takes in a window that was made without a parent, as the embedding library's views are.
+HWND SetParent(HWND child, HWND parent) {
+  PlatformState& state = stateFor("SetParent");
+  Window* const about = state.liveWindow(child);
+  Window* const taker = state.liveWindow(parent);
+  if (const auto fault = enter("SetParent", about)) return faulted<HWND>(*fault);
+  if (about == nullptr || taker == nullptr) return failWith<HWND>(ERROR_INVALID_WINDOW_HANDLE);
+  if (!about->ofHost || !taker->ofHost) stopRun("SetParent", "another program's window isn't modelled");
+  if (about->parent == nullptr) stopRun("SetParent", "making a child of a top-level window isn't modelled");
+  const HWND former = isUnparented(*about) ? nullptr : handleOf(about->parent);
+  about->parent = taker;
+  return former;
+}
+
+BOOL BringWindowToTop(HWND window) {
+  PlatformState& state = stateFor("BringWindowToTop");
+  Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("BringWindowToTop", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  return changeOrder(state, *about, HWND_TOP) ? TRUE : FALSE;
+}
+
+HMONITOR MonitorFromPoint(POINT point, DWORD flags) {
+  PlatformState& state = stateFor("MonitorFromPoint");
+  if (const auto fault = enter("MonitorFromPoint")) return faulted<HMONITOR>(*fault);
+  if (flags != MONITOR_DEFAULTTONEAREST) stopRun("MonitorFromPoint", "flags other than the nearest aren't modelled");
+  const Monitor& monitor = monitorNear(state.desktop, {point.x, point.y, point.x + 1, point.y + 1});
+  const auto index = static_cast<std::uintptr_t>(&monitor - state.desktop.monitors.data());
+  return reinterpret_cast<HMONITOR>(firstMonitorHandle + 2 * index);
+}
+
+UINT GetDpiForWindow(HWND window) {
+  PlatformState& state = stateFor("GetDpiForWindow");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetDpiForWindow", about)) return faulted<UINT>(*fault);
+  return about == nullptr ? failWith<UINT>(ERROR_INVALID_WINDOW_HANDLE) : dpiOf(state, *about);
+}
+
+namespace orvane::simulation {
+
+std::uint32_t dpiOfMonitor(const Desktop& desktop, HMONITOR monitor) {
+  const auto offset = reinterpret_cast<std::uintptr_t>(monitor) - firstMonitorHandle;
+  const bool isKnown = monitor != nullptr && offset % 2 == 0 && offset / 2 < desktop.monitors.size();
+  return desktop.monitors[isKnown ? offset / 2 : 0].dpi;
+}
+
+}  // namespace orvane::simulation

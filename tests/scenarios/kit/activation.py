@@ -1,0 +1,507 @@
+"""What `activateProvider` must answer: its reply, its trace step by step, and the time it takes.
+
+An `Activation` is written the way the call runs: each method appends the steps of one stretch of
+the route and lets the waits of that stretch pass. What a stretch finds (which tab holds which
+mark, which reason decides, what a restoration comes to) is said by the scenario, never worked out
+here from its desktop. A score is said too; it is checked against the points of the marks, so that
+a slip of the pen shows when the files are written.
+"""
+
+from dataclasses import dataclass, field
+
+# ---- waits, in milliseconds
+
+BEFORE_SECOND_PASS_MS = 150
+BEFORE_THIRD_PASS_MS = 300
+BEFORE_SECOND_ATTEMPT_MS = 120
+BEFORE_THIRD_ATTEMPT_MS = 280
+BEFORE_SELECTION_READ_BACK_MS = 100
+AFTER_SELECTION_MS = 120
+BEFORE_CHATGPT_IDENTITY_MS = 180
+BEFORE_FOREGROUND_MS = 100
+BRING_FORWARD_MS = 120
+AFTER_RESTORE_MS = 60
+FORCE_PASS_MS = (120, 200, 280)
+FIRST_FOLLOW_UP_MS = 180
+SECOND_FOLLOW_UP_MS = 270
+
+# ---- result codes
+
+S_OK = "0x0"
+E_INVALIDARG = "0x80070057"
+E_FAIL = "0x80004005"
+E_NOINTERFACE = "0x80004002"
+UIA_E_ELEMENTNOTAVAILABLE = "0x80040201"
+RPC_E_DISCONNECTED = "0x80010108"
+
+# ---- decisions of discovery
+
+NO_MATCH = "NO_MATCH"
+REJECT_COMPANY_HOMEPAGE = "REJECT_COMPANY_HOMEPAGE"
+REJECT_NON_CHAT_CLAUDE_PAGE = "REJECT_NON_CHAT_CLAUDE_PAGE"
+REJECT_OTHER_PROVIDER = "REJECT_OTHER_PROVIDER"
+
+# ---- how a live tab is chosen
+
+INDEX_AND_TITLE = "INDEX_AND_TITLE"
+UNIQUE_TITLE = "UNIQUE_TITLE"
+INDEX_FALLBACK = "INDEX_FALLBACK"
+STRICT_TITLE_LOST = "FAILED: strict ChatGPT title no longer identifies one tab"
+INDEX_LOST = "FAILED: recorded tab index no longer exists and title was not unique"
+
+# ---- what becomes of the foreground
+
+CONFIRMED = "PASS"
+REQUESTED = "REQUESTED"
+NOT_CONFIRMED = "FAIL: foreground not confirmed"
+
+POINTS = {
+    "domain": 300,
+    "anchoredTitle": 200,
+    "remembered": 260,
+    "verifiedContent": 280,
+    "strictTitle": 250,
+    "rememberedPosition": 320,
+    "rememberedAutomationId": 40,
+    "selected": 20,
+}
+RAW_TITLE_POINTS = 60
+
+TRACE_TEXT_LIMIT_BYTES = 180
+REGULAR_EXPRESSION_SIGNS = frozenset("\\^$.|?*+()[]{}")
+
+
+def trace_safe(text):
+    """A title, address or id as a composed line shows it; a cut sequence shows U+FFFD."""
+    raw = text.replace("\r", " ").replace("\n", " ").encode()
+    if len(raw) > TRACE_TEXT_LIMIT_BYTES:
+        raw = raw[: TRACE_TEXT_LIMIT_BYTES - 3] + b"..."
+    return raw.decode(errors="replace")
+
+
+def yes_no(holds):
+    return "Y" if holds else "N"
+
+
+def literally(text):
+    return "".join("\\" + sign if sign in REGULAR_EXPRESSION_SIGNS else sign for sign in text)
+
+
+@dataclass(frozen=True)
+class SeenTab:
+    """One tab as discovery sees it. `marks` are the names of the flags that hold for it."""
+
+    index: int
+    title: str
+    marks: frozenset = frozenset()
+    url: str = ""
+    automation_id: str = ""
+    decision: str = NO_MATCH
+    score: int = None
+
+    @property
+    def selected(self):
+        return "selected" in self.marks
+
+    @property
+    def accepted(self):
+        return self.score is not None
+
+
+def seen(index, title, marks="", *, url="", id="", decision=NO_MATCH, score=None):
+    """A tab of the inventory; `marks` holds its flags, parted by blanks. A score accepts it.
+
+    `selected` and, of an inactive ChatGPT tab, `strictTitle` stand among the marks.
+    """
+    names = frozenset(marks.split())
+    unknown = names - POINTS.keys() - {"rawTitle"}
+    if unknown:
+        raise ValueError(f"{title}: unknown marks {sorted(unknown)}")
+    if score is not None:
+        points = sum(POINTS.get(name, 0) for name in names)
+        points += RAW_TITLE_POINTS if "rawTitle" in names and "anchoredTitle" not in names else 0
+        if points != score:
+            raise ValueError(f"{title}: the marks are worth {points}, not {score}")
+    if url and "selected" not in names:
+        raise ValueError(f"{title}: only a selected tab has an address")
+    return SeenTab(index, title, names, url, id, decision, score)
+
+
+@dataclass(frozen=True)
+class SeenWindow:
+    """One browser window as discovery sees it."""
+
+    browser: str
+    tabs: tuple = ()
+    nameless_tabs: int = 0
+    has_root: bool = True
+    has_tab_items: bool = True
+    proves_composer: bool = False
+
+
+def window(browser, *tabs, **facts):
+    return SeenWindow(browser, tuple(tabs), **facts)
+
+
+@dataclass(frozen=True)
+class LiveTab:
+    """One tab item as a selection finds it. Marks: S selected, I index, T title, A automation id."""
+
+    index: int
+    title: str
+    marks: str = ""
+    id: str = ""
+
+
+def live(*tabs):
+    """Live tabs from (title, marks) or (title, marks, id), in the order of the strip."""
+    return tuple(LiveTab(index, *tab) for index, tab in enumerate(tabs))
+
+
+@dataclass
+class Activation:
+    """The trace of one call as it grows, and the virtual time at which it stands."""
+
+    name: str
+    start_ms: int = 0
+    search_id: int = 1
+    steps: list = field(default_factory=list)
+    elapsed_ms: int = 0
+
+    def __post_init__(self):
+        self.passes = 0
+        self.target = None
+        self.browser = None
+        self.resolved = ("", "")
+        self.succeeds = False
+        self._begin()
+
+    @property
+    def end_ms(self):
+        return self.start_ms + self.elapsed_ms
+
+    @property
+    def is_chatgpt(self):
+        return self.name.lower() == "chatgpt"
+
+    def step(self, name, result):
+        self.steps.append({"step": name, "result": result})
+
+    def wait(self, ms):
+        self.elapsed_ms += ms
+
+    # ---- start
+
+    def _begin(self):
+        self.step("Search ID", str(self.search_id))
+        self.step(
+            "Safety",
+            "Discovery never types, pastes, sends, or changes the clipboard; ambiguous ChatGPT tabs may be selected "
+            "briefly and are restored on failure",
+        )
+        if self.is_chatgpt:
+            self.step("ChatGPT Method 1", "Standard UIA discovery started")
+
+    def automation_unavailable(self):
+        self.step("Native UIA", "Initialization failed")
+        return self._end_without_target()
+
+    def fast_routes_missed(self):
+        """The routes in front of the full discovery have found nothing."""
+        self.step("Activation route", "FULL DISCOVERY: warm path unavailable")
+
+    # ---- discovery
+
+    def discover(self, *passes, top_level, remembered=()):
+        """The silent passes, each a list of the browser windows in z-order, and the counters.
+
+        `top_level` counts all windows of the desktop in the last pass, the host's own included;
+        `remembered` holds the steps on what the interface remembered, see `remembered_steps`.
+        """
+        self.fast_routes_missed()
+        for number, windows in enumerate(passes):
+            self.wait((0, BEFORE_SECOND_PASS_MS, BEFORE_THIRD_PASS_MS)[number])
+            accepted = self._discovery_pass(windows, remembered)
+        if len(passes) < 3 and not accepted:
+            raise ValueError("a pass that finds nothing is followed by another, up to three")
+        last = passes[-1]
+        readable = [one for one in last if one.has_root and one.has_tab_items]
+        self.step("Top-level windows", str(top_level))
+        self.step("Browser HWNDs", str(len(last)))
+        self.step("UIA roots", str(sum(one.has_root for one in last)))
+        self.step("Tab items", str(sum(len(one.tabs) + one.nameless_tabs for one in readable)))
+        self.step("Silent retries", str(len(passes) - 1))
+        self.step("Visible probes", "0")
+        self.step("Provider candidates", str(len(accepted)))
+        if self.is_chatgpt:
+            self.step(
+                "ChatGPT Method 1",
+                "CANDIDATE FOUND: UIA activation and verification pending"
+                if accepted
+                else "FAIL: standard UIA found no explicit or verified candidate",
+            )
+        return self
+
+    def _discovery_pass(self, windows, remembered):
+        self.passes += 1
+        for ordinal, seen_window in enumerate(windows, 1):
+            self._window_read(ordinal, seen_window)
+        inventory = [(one.browser, tab) for one in windows if one.has_root and one.has_tab_items for tab in one.tabs]
+        for ordinal, (_, tab) in enumerate(inventory, 1):
+            self.step("Trace tab", tab_line(ordinal, tab))
+        accepted = [entry for entry in inventory if entry[1].accepted]
+        if not accepted and self.is_chatgpt:
+            self.step("ChatGPT inactive-tab probes", "DISABLED: provider isolation safeguard")
+            self.step("ChatGPT fallback", "No explicit candidate or verified session tab was found")
+        self.steps += remembered
+        self.step(f"Timing discovery pass {self.passes}", "0 ms")
+        return accepted
+
+    def _window_read(self, ordinal, seen_window):
+        """What is written while one browser window is read, before any tab of the pass is judged."""
+        del ordinal
+        if seen_window.proves_composer and seen_window.has_root:
+            self._composer_proven()
+
+    def _composer_proven(self):
+        self.step(
+            "ChatGPT content verification", "PASS: selected tab exposes a verified lower-page ChatGPT composer"
+        )
+
+    # ---- no candidate
+
+    def no_session(self):
+        if self.is_chatgpt:
+            self.step("ChatGPT Method 2", "FAIL: bounded Tab Search did not verify ChatGPT")
+            self.step("ChatGPT Diagnostic Summary", "Method 1=FAIL; Method 2=FAIL; overall=FAIL")
+        self.step("Result", f"No ongoing {self.name or 'AI'} session found.")
+        return self._end_without_target()
+
+    # ---- a target
+
+    def choose(self, browser, tab):
+        """The best candidate, in the browser of this display name."""
+        if not tab.accepted:
+            raise ValueError(f"{tab.title}: a tab that was not accepted is no target")
+        self.browser, self.target = browser, tab
+        self.step("Selected", f"{tab.title} [score {tab.score}]")
+        if tab.url:
+            self.step("URL", tab.url)
+        self.resolved = (tab.title, tab.automation_id)
+        return self
+
+    def already_selected(self):
+        self.step("Fresh tab resolution", "Skipped because target tab is already selected")
+        self.step("Tab selection", "PASS")
+        return self
+
+    def select(self, tabs, reason, at, *, requested=None):
+        """The first attempt succeeds: the tab at index `at` of the live tabs, for this reason."""
+        return self.attempt(1, S_OK, tabs, reason, at, requested=requested).selection_passed()
+
+    def attempt(self, number, hr, tabs=None, reason=None, at=None, *, requested=None, read_back=None):
+        """One attempt. Without live tabs the window or the search failed; without `at` no tab was
+        resolved; `read_back` says whether the tab was found selected, None where nothing was read."""
+        self.wait((0, BEFORE_SECOND_ATTEMPT_MS, BEFORE_THIRD_ATTEMPT_MS)[number - 1])
+        if tabs is not None:
+            self._resolve(requested or self.target, tabs, reason, at)
+        title, automation_id = (tabs[at].title, tabs[at].id) if at is not None else ("", "")
+        if read_back is None:
+            read_back = True if hr == S_OK else None
+        if read_back is not None:
+            self._read_back(read_back)
+        self.step(
+            "Fresh tab resolution",
+            f'attempt={number}; hr={hr}; title="{trace_safe(title)}"; automationId="{trace_safe(automation_id)}"',
+        )
+        self.resolved = (title, automation_id)
+        return self
+
+    def selection_passed(self):
+        self.step("Tab selection", "PASS")
+        return self
+
+    def selection_failed(self, hr):
+        self.step("Tab selection", f"FAILED ({hr})")
+        return self
+
+    def _resolve(self, requested, tabs, reason, at):
+        self.step(
+            "Activation target",
+            f'requestedIndex={requested.index}; requestedTitle="{trace_safe(requested.title)}"; '
+            f'requestedAutomationId="{trace_safe(requested.automation_id)}"; enumeratedTabs={len(tabs)}',
+        )
+        for tab in tabs:
+            self.step(
+                "Activation tab",
+                f'index={tab.index}; title="{trace_safe(tab.title)}"; automationId="{trace_safe(tab.id)}"; '
+                f"selected={yes_no('S' in tab.marks)}; indexMatch={yes_no('I' in tab.marks)}; "
+                f"titleMatch={yes_no('T' in tab.marks)}; automationMatch={yes_no('A' in tab.marks)}",
+            )
+        if at is None:
+            self.step("Activation choice", reason)
+        else:
+            self.step(
+                "Activation choice",
+                f'reason={reason}; resolvedTitle="{trace_safe(tabs[at].title)}"; '
+                f'resolvedAutomationId="{trace_safe(tabs[at].id)}"',
+            )
+
+    def _read_back(self, is_selected):
+        self.wait(BEFORE_SELECTION_READ_BACK_MS)
+        self.step(
+            "Activation verification",
+            "PASS: resolved tab is selected"
+            if is_selected
+            else "FAILED: Select returned success but resolved tab is not selected",
+        )
+
+    # ---- final identity
+
+    def settle(self):
+        """The pause between the selection and the checks behind it."""
+        self.wait(AFTER_SELECTION_MS)
+        return self
+
+    def company_homepage(self):
+        self.step(
+            "Company homepage safeguard", "BLOCKED: selected page is provider information, not an AI session"
+        )
+        return self
+
+    def chatgpt_identity(self, *, passes, composer):
+        self.wait(BEFORE_CHATGPT_IDENTITY_MS)
+        if composer:
+            self._composer_proven()
+        self.step(
+            "ChatGPT final identity",
+            "PASS: selected tab verified before foreground"
+            if passes
+            else "FAIL: selected tab is not verified ChatGPT",
+        )
+        return self
+
+    def claude_identity(self, *, passes):
+        self.step(
+            "Claude final identity",
+            "PASS: selected URL is a usable Claude chat/composer page"
+            if passes
+            else "FAIL: selected Claude page is not a usable chat/composer URL",
+        )
+        return self
+
+    def restore(self, step_name, original, tabs=None, reason=None, at=None, *, read_back=True):
+        """The tab that was selected before is selected again; `read_back` None: nothing was read."""
+        if tabs is not None:
+            self._resolve(original, tabs, reason, at)
+        if read_back is not None and at is not None:
+            self._read_back(read_back)
+        restored = at is not None and read_back
+        self.step(
+            step_name, "PASS: original tab restored" if restored else "FAIL: original tab could not be restored"
+        )
+        return self
+
+    # ---- closing
+
+    def finish(self, *, foreground=CONFIRMED, takes_ms=None):
+        """The target is verified. `takes_ms`: what bringing the window forward takes."""
+        self.wait(BEFORE_FOREGROUND_MS)
+        self.wait((FORCE_PASS_MS[0] if self.is_chatgpt else BRING_FORWARD_MS) if takes_ms is None else takes_ms)
+        self.step("Foreground", foreground)
+        self.succeeds = foreground == CONFIRMED or not self.is_chatgpt
+        return self._close()
+
+    def finish_blocked(self):
+        """The target is not verified: its window is left where it is."""
+        self.wait(BEFORE_FOREGROUND_MS)
+        self.step("Foreground", "BLOCKED: provider identity was not verified")
+        self.succeeds = False
+        return self._close()
+
+    def _close(self):
+        self.step("Cleanup", "By design, no UIA element is cached after activation")
+        if self.is_chatgpt and self.succeeds:
+            self.step("ChatGPT Method 1", "PASS: UIA candidate activated successfully")
+            self.step("ChatGPT Method 2", "DISABLED: standard activation succeeded")
+            self.step("ChatGPT Diagnostic Summary", "Method 1=PASS; Method 2=DISABLED; overall=PASS")
+        elif self.is_chatgpt:
+            self.step("ChatGPT Method 1", "FAIL: UIA candidate activation failed")
+            self.step("ChatGPT Method 2", "DISABLED: no visible browser fallback is allowed")
+            self.step("ChatGPT Diagnostic Summary", "Method 1=FAIL; Method 2=DISABLED; overall=FAIL")
+        self.step("Result", "Ready" if self.succeeds else "Activation failed")
+        return self._end()
+
+    def _end_without_target(self):
+        self.browser = self.target = None
+        return self._end()
+
+    def _end(self):
+        self.step("Timing activation total", f"{self.elapsed_ms} ms")
+        return self
+
+    def value(self):
+        """The reply map. The handle is any 64-bit integer here: a later call proves whose it is."""
+        value = {"success": self.succeeds}
+        if self.target is not None:
+            explicit = self.target.marks & ({"domain", "verifiedContent"} | (set() if self.is_chatgpt else {"anchoredTitle"}))
+            value |= {
+                "browser": self.browser,
+                "windowHandle": {},
+                "selectedTitle": self.resolved[0] or self.target.title,
+                "selectedTabIndex": self.target.index,
+                "selectedAutomationId": (self.resolved[1] or self.target.automation_id) if explicit else "",
+            }
+        return value | {"logs": self.steps}
+
+    def reply(self, name):
+        return {
+            "as": name,
+            "method": "activateProvider",
+            "kind": "success",
+            "error": None,
+            "value": self.value(),
+            "startMs": self.start_ms,
+            "endMs": self.end_ms,
+        }
+
+
+def tab_line(ordinal, tab):
+    """The line of one tab in a pass, a regular expression because of the window's handle."""
+
+    def mark(name):
+        return f"{name}={yes_no(name in tab.marks)}"
+
+    texts = {"title": tab.title, "url": tab.url, "automationId": tab.automation_id}
+    quoted = {key: f'{key}="{trace_safe(text)}"' for key, text in texts.items()}
+    behind_handle = "; ".join(
+        [
+            "",
+            mark("selected"),
+            quoted["title"],
+            quoted["url"],
+            mark("domain"),
+            quoted["automationId"],
+            f"tabIndex={tab.index}",
+            mark("remembered"),
+            mark("rememberedAutomationId"),
+            mark("rememberedPosition"),
+            mark("anchoredTitle"),
+            mark("verifiedContent"),
+            mark("rawTitle"),
+            f"decision=ACCEPT; score={tab.score}" if tab.accepted else f"decision={tab.decision}",
+        ]
+    )
+    return f"~^#{ordinal} hwnd=0x[0-9a-f]+{literally(behind_handle)}$"
+
+
+def remembered_steps(*, automation_id="", title="", ignored=False):
+    """What each pass says of the memory that the interface sent along."""
+    steps = []
+    if automation_id:
+        steps.append({"step": "Remembered AutomationId", "result": trace_safe(automation_id)})
+    if ignored:
+        steps.append({"step": "Remembered title", "result": "Ignored because it belongs to another provider"})
+    elif title:
+        steps.append({"step": "Remembered title", "result": trace_safe(title)})
+    return steps
