@@ -71,8 +71,9 @@ class Runner {
     if (request_.json) {
       print(stdout, writeJson(run.report) + "\n");
     } else {
-      print(stdout, (index == 0 ? "" : "\n\n") + describeForPerson(scenario, run.report, isColored()));
+      print(stdout, (hasPrinted_ ? "\n\n" : "") + describeForPerson(scenario, run.report, isColored()));
     }
+    hasPrinted_ = true;
     std::fflush(stdout);
     if (!scenario.expect) return;
     for (const std::string& failure : compareWithExpectation(*scenario.expect, run.report)) fail(scenario, failure);
@@ -85,6 +86,7 @@ class Runner {
 
   const Request& request_;
   const std::vector<Scenario>& scenarios_;
+  bool hasPrinted_ = false;
   int status_ = EXIT_SUCCESS;
 };
 

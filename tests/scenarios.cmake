@@ -17,4 +17,6 @@ if(scenario_files)
   set_tests_properties(scenarios.determinism PROPERTIES TIMEOUT 600)
   add_test(NAME scenarios.determinism_itself
            COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism_test.py")
+  # What the kit would write is what runs.
+  add_test(NAME scenarios.kit COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/scenarios/build.py" --check)
 endif()

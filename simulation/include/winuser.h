@@ -47,6 +47,7 @@
 #define GWL_EXSTYLE (-20)
 #define GWLP_USERDATA (-21)
 
+#define GA_PARENT 1
 #define GA_ROOT 2
 
 #define SW_HIDE 0

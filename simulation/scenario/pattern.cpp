@@ -1,11 +1,10 @@
 #include "scenario/pattern.h"
 
-#include <regex>
-
 // GCC 12 takes a member of the library's automaton for uninitialized when it instruments the code.
 #if defined(__GNUC__) && !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wmaybe-uninitialized"
 #endif
+#include <regex>
 
 namespace orvane::simulation {
 

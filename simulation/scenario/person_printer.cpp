@@ -183,7 +183,9 @@ std::vector<Row> describeEnd(const Json& report) {
   std::vector<Row> rows{{"keys sent", keys.empty() ? "none" : keys}, describeForeground(desktop)};
   const Json& focus = desktop.at("focus");
   rows.push_back({"focus", focus.is_null() ? "none" : focus.get<std::string>()});
-  for (const auto& [place, value] : desktop.at("values").items()) rows.push_back({place, describeValue(value)});
+  for (const auto& [place, value] : desktop.at("values").items()) {
+    if (!place.ends_with("/addressBar")) rows.push_back({place, describeValue(value)});
+  }
   for (const Json& errorLine : report.at("stderr")) rows.push_back({"error line", errorLine.get<std::string>()});
   rows.push_back({"exit code", writeJson(report.at("exitCode"))});
   return rows;

@@ -19,11 +19,18 @@ std::string placeOf(const std::string& json, std::size_t byte) {
   return "line " + std::to_string(line);
 }
 
+// The parser's own words, without its prefix: "…: syntax error while parsing … - WORDS".
+std::string wordsOf(const Json::parse_error& error) {
+  const std::string whole = error.what();
+  const std::size_t words = whole.find(" - ");
+  return words == std::string::npos ? "is no JSON" : "is no JSON: " + whole.substr(words + 3);
+}
+
 Json parse(const std::string& json) {
   try {
     return Json::parse(json);
   } catch (const Json::parse_error& error) {
-    throw ScenarioError(placeOf(json, error.byte), "is no JSON");
+    throw ScenarioError(placeOf(json, error.byte), wordsOf(error));
   }
 }
 

@@ -84,6 +84,21 @@ class SelectionItemPattern final : public PatternObject<IUIAutomationSelectionIt
   }
 };
 
+class LegacyPattern final : public PatternObject<IUIAutomationLegacyIAccessiblePattern> {
+ public:
+  LegacyPattern(Desktop& desktop, Element& element)
+      : PatternObject(IID_IUIAutomationLegacyIAccessiblePattern, desktop, element) {}
+
+  HRESULT Select(long) override { stopRun("IUIAutomationLegacyIAccessiblePattern::Select", "isn't modelled"); }
+  HRESULT SetValue(LPCWSTR) override { stopRun("IUIAutomationLegacyIAccessiblePattern::SetValue", "isn't modelled"); }
+
+  HRESULT DoDefaultAction() override {
+    if (const auto refused = refusalHere("IUIAutomationLegacyIAccessiblePattern::DoDefaultAction")) return *refused;
+    const std::optional<std::uint32_t> action = desktop_.factsOf(element_).defaultAction;
+    return action ? static_cast<HRESULT>(*action) : notSupported;
+  }
+};
+
 // Which interface belongs to which pattern, and when an element has it.
 struct PatternKind {
   PATTERNID id;
@@ -108,7 +123,8 @@ constexpr PatternKind patternKinds[] = {
      [](const ElementFacts& facts) { return facts.hasSelectionItemPattern; },
      makeAs<SelectionItemPattern, IUIAutomationSelectionItemPattern>},
     {UIA_LegacyIAccessiblePatternId, &IID_IUIAutomationLegacyIAccessiblePattern,
-     [](const ElementFacts&) { return false; }, nullptr},
+     [](const ElementFacts& facts) { return facts.defaultAction.has_value(); },
+     makeAs<LegacyPattern, IUIAutomationLegacyIAccessiblePattern>},
 };
 
 }  // namespace

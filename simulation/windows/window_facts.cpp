@@ -32,6 +32,13 @@ LONG_PTR replaceExStyle(Window& window, LONG_PTR value) {
   return static_cast<LONG>(former);
 }
 
+bool hasParent(const Window& window) { return window.parent != nullptr && !isUnparented(window); }
+
+const Window& parentOf(const Window& window) {
+  if (!hasParent(window)) stopRun("GetAncestor", "the desktop's own window isn't modelled");
+  return *window.parent;
+}
+
 }  // namespace
 
 LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) {
@@ -74,10 +81,11 @@ BOOL IsWindow(HWND window) {
 HWND GetAncestor(HWND window, UINT which) {
   Window* const about = stateFor("GetAncestor").liveWindow(window);
   if (const auto fault = enter("GetAncestor", about)) return faulted<HWND>(*fault);
-  if (which != GA_ROOT) stopRun("GetAncestor", "an ancestor other than the root isn't modelled");
+  if (which != GA_ROOT && which != GA_PARENT) stopRun("GetAncestor", "an ancestor that isn't modelled");
   if (about == nullptr) return failWith<HWND>(ERROR_INVALID_WINDOW_HANDLE);
+  if (which == GA_PARENT) return handleOf(&parentOf(*about));
   Window* top = about;
-  while (top->parent != nullptr && !isUnparented(*top)) top = top->parent;
+  while (hasParent(*top)) top = top->parent;
   return handleOf(top);
 }
 

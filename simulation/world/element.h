@@ -58,6 +58,9 @@ struct ElementFacts {
   std::optional<Text> value;             // with the pattern: nullopt is a null string
   std::optional<std::uint32_t> invoke;   // nullopt: no pattern; 0: works; else the HRESULT it refuses with
   bool hasSelectionItemPattern = false;  // tab items only
+  // nullopt: no LegacyIAccessible pattern; 0: works, and changes nothing of a tab that is selected
+  // already; else the HRESULT it refuses with. No scenario has it.
+  std::optional<std::uint32_t> defaultAction;
   Text helpText;
   Text legacyValue;
   std::set<Fact> unreadable;  // reads that fail

@@ -59,12 +59,15 @@ class ComReference {
   }
   ComReference(ComReference&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   ComReference& operator=(const ComReference& other) noexcept {
-    ComReference copy(other);
-    std::swap(object_, copy.object_);
+    if (this != &other) {
+      ComReference copy(other);
+      std::swap(object_, copy.object_);
+    }
     return *this;
   }
   ComReference& operator=(ComReference&& other) noexcept {
-    std::swap(object_, other.object_);
+    ComReference moved(std::move(other));
+    std::swap(object_, moved.object_);
     return *this;
   }
   ~ComReference() { reset(); }

@@ -5,7 +5,6 @@
 #include <io.h>
 
 #include <cstdio>
-#include <ios>
 
 #include "embedding/flutter_library.h"
 
@@ -30,7 +29,7 @@ void CreateAndAttachConsole() {
   }
   leadToConsole(stdout, stdoutNumber);
   leadToConsole(stderr, stderrNumber);
-  std::ios::sync_with_stdio();
+  // The C++ streams are synchronised with stdio from the start, and nothing here ends that.
   ::FlutterDesktopResyncOutputStreams();
 }
 

@@ -17,6 +17,8 @@ class FlutterWindow : public Win32Window {
  public:
   explicit FlutterWindow(const DartProject& project);
   ~FlutterWindow() override;
+  FlutterWindow(const FlutterWindow&) = delete;
+  FlutterWindow& operator=(const FlutterWindow&) = delete;
 
  protected:
   LRESULT MessageHandler(HWND window, UINT message, WPARAM wparam, LPARAM lparam) override;

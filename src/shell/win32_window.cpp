@@ -112,7 +112,8 @@ bool Win32Window::Create(const std::wstring& title, const Point& origin, const S
 bool Win32Window::Show() { return ::ShowWindow(windowHandle_, SW_SHOWNORMAL) != FALSE; }
 
 void Win32Window::Destroy() {
-  OnDestroy();
+  // Out of the destructor this is the base's: the derived work has been done on WM_DESTROY.
+  OnDestroy();  // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall)
   if (windowHandle_ != nullptr) {
     ::DestroyWindow(windowHandle_);
     windowHandle_ = nullptr;

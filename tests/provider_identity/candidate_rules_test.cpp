@@ -7,75 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "provider_identity/candidates.h"
+
 namespace orvane {
 namespace {
 
-constexpr const wchar_t* chatGptDomain = L"chatgpt.com";
-
-HWND windowOf(std::uintptr_t number) { return reinterpret_cast<HWND>(number); }
-
-struct Request {
-  std::wstring name = L"ChatGPT";
-  std::wstring domain;
-  std::vector<std::wstring> patterns;
-  std::wstring rememberedTitle;
-  std::wstring rememberedAutomationId;
-  std::wstring rememberedBrowser;
-  std::uintptr_t rememberedWindow = 0;
-  std::int32_t rememberedTabIndex = -1;
-};
-
-Request requestFor(const std::wstring& name, const std::wstring& domain = L"") {
-  Request request;
-  request.name = name;
-  request.domain = domain;
-  return request;
-}
-
-Request rememberingPosition() {
-  Request request;
-  request.rememberedBrowser = L"Chrome";
-  request.rememberedWindow = 0xA0;
-  request.rememberedTabIndex = 2;
-  return request;
-}
-
-TabCandidate inactiveTab(const std::wstring& title) {
-  TabCandidate tab;
-  tab.hwnd = windowOf(0xA0);
-  tab.browser = L"Chrome";
-  tab.title = title;
-  tab.tabIndex = 2;
-  return tab;
-}
-
-TabCandidate selectedTab(const std::wstring& title, const std::wstring& url) {
-  TabCandidate tab = inactiveTab(title);
-  tab.selected = true;
-  tab.url = url;
-  return tab;
-}
-
-struct Judgement {
-  TabFlags flags;
-  TabDecision decision;
-  TabCandidate tab;
-  std::string line;
-};
-
-IdentityTerms termsOf(const Request& request) {
-  return makeIdentityTerms(request.name, request.domain, request.patterns, request.rememberedTitle,
-                           request.rememberedAutomationId, request.rememberedBrowser,
-                           windowOf(request.rememberedWindow), request.rememberedTabIndex);
-}
-
-Judgement judge(TabCandidate tab, const Request& request) {
-  const IdentityTerms terms = termsOf(request);
-  const TabFlags flags = evaluateTab(tab, terms);
-  const TabDecision decision = decideTab(tab, flags, terms);
-  std::string line = describeTabDecision(1, tab, flags, decision);
-  return {flags, decision, tab, line};
-}
+using namespace candidate_tests;
 
 // The score of an accepted tab; nothing for one that isn't accepted.
 std::optional<int> scoreOf(const Judgement& judgement) {
@@ -365,56 +302,6 @@ TEST(TabDecision, KeepsTheWindowEnumeratedFirst_WhenScoresAreEqual) {
   std::stable_sort(candidates.begin(), candidates.end(),
                    [](const TabCandidate& left, const TabCandidate& right) { return left.score > right.score; });
   EXPECT_EQ(candidates.front().hwnd, windowOf(0x10));
-}
-
-TEST(TraceTab, WritesOneLine_ForAnAcceptedTab) {
-  TabCandidate tab = selectedTab(L"Chat\nGPT", L"https://chatgpt.com/c/1");
-  tab.hwnd = windowOf(0xAB0C);
-  tab.automationId = L"view_1";
-  const IdentityTerms terms = termsOf(requestFor(L"ChatGPT", chatGptDomain));
-  const TabFlags flags = evaluateTab(tab, terms);
-  const TabDecision decision = decideTab(tab, flags, terms);
-
-  EXPECT_EQ(describeTabDecision(12, tab, flags, decision),
-            "#12 hwnd=0xab0c; selected=Y; title=\"Chat GPT\"; url=\"https://chatgpt.com/c/1\"; domain=Y; "
-            "automationId=\"view_1\"; tabIndex=2; remembered=N; rememberedAutomationId=N; rememberedPosition=N; "
-            "anchoredTitle=N; verifiedContent=N; rawTitle=N; decision=ACCEPT; score=320");
-  EXPECT_EQ(tab.title, L"Chat\nGPT");
-}
-
-TEST(TraceTab, WritesEachFlagInItsPlace) {
-  Request request = rememberingPosition();
-  request.rememberedTitle = L"ChatGPT";
-  request.rememberedAutomationId = L"a";
-  TabCandidate tab = inactiveTab(L"ChatGPT");
-  tab.automationId = L"a";
-
-  EXPECT_EQ(judge(tab, request).line,
-            "#1 hwnd=0xa0; selected=N; title=\"ChatGPT\"; url=\"\"; domain=N; automationId=\"a\"; tabIndex=2; "
-            "remembered=Y; rememberedAutomationId=Y; rememberedPosition=Y; anchoredTitle=Y; verifiedContent=N; "
-            "rawTitle=Y; decision=ACCEPT; score=1070");
-}
-
-TEST(TraceTab, EndsWithTheDecision_WhenTheTabWasNotAccepted) {
-  const auto endsWith = [](const Judgement& judgement, const std::string& end) {
-    return judgement.line.ends_with("; rawTitle=N; decision=" + end);
-  };
-  EXPECT_TRUE(
-      endsWith(judge(selectedTab(L"x", L"https://openai.com/"), requestFor(L"chatgpt")), "REJECT_COMPANY_HOMEPAGE"));
-  EXPECT_TRUE(endsWith(judge(selectedTab(L"x", L"https://claude.ai/settings"), requestFor(L"claude", L"claude.ai")),
-                       "REJECT_NON_CHAT_CLAUDE_PAGE"));
-  EXPECT_TRUE(
-      endsWith(judge(selectedTab(L"x", L"https://grok.com/"), requestFor(L"chatgpt")), "REJECT_OTHER_PROVIDER"));
-  EXPECT_TRUE(endsWith(judge(inactiveTab(L"x"), requestFor(L"chatgpt")), "NO_MATCH"));
-}
-
-TEST(TraceTab, CutsEachTextByItself) {
-  TabCandidate tab = selectedTab(std::wstring(200, L't'), L"https://example.org/" + std::wstring(200, L'u'));
-  tab.automationId = std::wstring(181, L'a');
-  const std::string line = judge(tab, requestFor(L"chatgpt")).line;
-  EXPECT_NE(line.find("title=\"" + std::string(177, 't') + "...\""), std::string::npos);
-  EXPECT_NE(line.find("url=\"https://example.org/" + std::string(157, 'u') + "...\""), std::string::npos);
-  EXPECT_NE(line.find("automationId=\"" + std::string(177, 'a') + "...\""), std::string::npos);
 }
 
 }  // namespace

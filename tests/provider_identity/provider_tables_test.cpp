@@ -6,16 +6,12 @@
 #include <vector>
 
 #include "provider_identity/text_rules.h"
+#include "support/row_name.h"
 
 namespace orvane {
 namespace {
 
 using Texts = std::vector<std::wstring>;
-
-template <typename Row>
-std::string nameOfRow(const ::testing::TestParamInfo<Row>& info) {
-  return info.param.test;
-}
 
 struct BrowserRow {
   const char* test;

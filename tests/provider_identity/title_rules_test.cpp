@@ -5,13 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "support/row_name.h"
+
 namespace orvane {
 namespace {
-
-template <typename Row>
-std::string nameOfRow(const ::testing::TestParamInfo<Row>& info) {
-  return info.param.test;
-}
 
 struct TextRow {
   const char* test;

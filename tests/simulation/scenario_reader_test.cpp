@@ -27,7 +27,8 @@ TEST_P(ScenarioErrors, File_IsRefusedWithThePlaceAndTheReason) {
 }
 
 constexpr BadFile badFiles[] = {
-    {"NoJson", "{\"name\":\n1,}", "line 2: is no JSON"},
+    {"NoJson", "{\"name\":\n1,}", "line 2: is no JSON: unexpected '}'; expected string literal"},
+    {"NoUtf8", "{\"name\":\"\xFF\"}", "line 1: is no JSON: invalid string: ill-formed UTF-8 byte; last read: '\"\xFF'"},
     {"NoObject", "[]", "must be an object"},
     {"UnknownKeyAtTheTop", R"({"nam":""})", "nam: unknown key"},
     {"UnknownKeyOfAnElement",

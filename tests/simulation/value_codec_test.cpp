@@ -48,13 +48,13 @@ constexpr Form sameBothWays[] = {
     {R"({"$map":[["$x",true]]})", "0d010702247801"},
 };
 
-class FormsBothWays : public ::testing::TestWithParam<Form> {};
+class ValueForms : public ::testing::TestWithParam<Form> {};
 
-TEST_P(FormsBothWays, Value_IsWrittenAsPublished) {
+TEST_P(ValueForms, Value_IsWrittenAsPublished) {
   EXPECT_EQ(hexFromBytes(encodeValue(Json::parse(GetParam().json), sources)), GetParam().hex);
 }
 
-TEST_P(FormsBothWays, Value_IsReadBackInItsForm) {
+TEST_P(ValueForms, Value_IsReadBackInItsForm) {
   // Alignment counts from the start of the bytes: here as an argument behind an empty name.
   const auto message = encodeMethodCall("", Json::parse(GetParam().json), sources);
   const auto call = decodeMethodCall(message);
@@ -62,7 +62,7 @@ TEST_P(FormsBothWays, Value_IsReadBackInItsForm) {
   EXPECT_EQ(writeJson(call->arguments), writeJson(Json::parse(GetParam().json)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, FormsBothWays, ::testing::ValuesIn(sameBothWays));
+INSTANTIATE_TEST_SUITE_P(Rows, ValueForms, ::testing::ValuesIn(sameBothWays));
 
 constexpr Form onlyWritten[] = {
     {R"({"$int32":5})", "0305000000"},
@@ -76,15 +76,15 @@ constexpr Form onlyWritten[] = {
     {R"({"$fromText":"a.absent"})", "0700"},
 };
 
-class FormsWritten : public ::testing::TestWithParam<Form> {};
+class WrittenForms : public ::testing::TestWithParam<Form> {};
 
-TEST_P(FormsWritten, Form_StandsForItsValue) {
+TEST_P(WrittenForms, Form_StandsForItsValue) {
   EXPECT_EQ(hexFromBytes(encodeValue(Json::parse(GetParam().json), sources)), GetParam().hex);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, FormsWritten, ::testing::ValuesIn(onlyWritten));
+INSTANTIATE_TEST_SUITE_P(Rows, WrittenForms, ::testing::ValuesIn(onlyWritten));
 
-TEST(Sizes, Prefix_GrowsAtTheBounds) {
+TEST(ValueEncoder, SizePrefix_GrowsAtTheBounds) {
   const auto prefixOf = [](std::size_t length) {
     const auto bytes = encodeValue(Json(std::string(length, 'x')), sources);
     return hexFromBytes({bytes.begin(), bytes.end() - static_cast<std::ptrdiff_t>(length)});
@@ -105,9 +105,9 @@ struct Reply {
 
 void PrintTo(const Reply& row, std::ostream* out) { *out << row.name; }
 
-class Replies : public ::testing::TestWithParam<Reply> {};
+class ReplyDecoding : public ::testing::TestWithParam<Reply> {};
 
-TEST_P(Replies, Reply_IsToldByItsEnvelope) {
+TEST_P(ReplyDecoding, Reply_IsToldByItsEnvelope) {
   const DecodedReply reply = decodeReply(GetParam().bytes);
   EXPECT_EQ(reply.kind, GetParam().kind);
   EXPECT_EQ(writeJson(reply.value), GetParam().value);
@@ -127,14 +127,14 @@ const Reply replies[] = {
     {"BrokenText", bytesFromHex("000701ff"), "success", "\"\xEF\xBF\xBD\"", "null"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, Replies, ::testing::ValuesIn(replies), [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Rows, ReplyDecoding, ::testing::ValuesIn(replies), [](const auto& row) { return row.param.name; });
 
-TEST(Calls, Message_IsNoCall_WhenItsNameIsNoText) {
+TEST(ValueDecoder, Message_IsNoCall_WhenItsNameIsNoText) {
   EXPECT_FALSE(decodeMethodCall(*bytesFromHex("0000")));
   EXPECT_FALSE(decodeMethodCall({}));
 }
 
-TEST(Decoder, ForeignBytes_NeverStopTheProgram) {
+TEST(ValueDecoder, ForeignBytes_NeverStopTheProgram) {
   std::mt19937 random(20'240'501);
   int readable = 0;
   for (int turn = 0; turn < 20'000; ++turn) {

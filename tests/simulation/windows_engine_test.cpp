@@ -151,12 +151,26 @@ TEST_F(EngineTest, ForegroundMovedByAPerson_IsToldInTheLoop) {
   });
   script.steps.push_back([&] {
     EXPECT_EQ(countOf(WM_ACTIVATE, WA_INACTIVE), 1);
-    EXPECT_EQ(::SetForegroundWindow(window), TRUE);
+    EXPECT_NE(::SetForegroundWindow(window), FALSE);
     EXPECT_EQ(countOf(WM_ACTIVATE, WA_ACTIVE), 2);
   });
   startView();
   loop();
   EXPECT_EQ(duringTheStep, 0);
+}
+
+TEST_F(EngineTest, Activation_InTheOwnQueue_LeavesTheForegroundAlone) {
+  script.steps.push_back([&] { desktop.moveForeground(browser); });
+  script.steps.push_back([&] {
+    EXPECT_EQ(::SetActiveWindow(window), nullptr);
+    EXPECT_EQ(countOf(WM_ACTIVATE, WA_ACTIVE), 2);
+    EXPECT_EQ(::SetActiveWindow(window), window);
+    EXPECT_EQ(countOf(WM_ACTIVATE, WA_ACTIVE), 2);
+    EXPECT_EQ(desktop.foreground(), browser);
+  });
+  startView();
+  loop();
+  EXPECT_EQ(script.doneCount, 1);
 }
 
 TEST_F(EngineTest, Person_MinimizesResizesAndCloses) {

@@ -24,7 +24,8 @@ constexpr const char* desktopText = R"({"windows":[
       {"id":"nothing","type":"edit","name":null,"value":null},
       {"id":"group","type":"pane","name":"Group","children":[
         {"id":"send","type":"button","name":"Send","unreadable":["name","bounds"]}]},
-      {"id":"plain","type":"text","name":"Plain"}]},
+      {"id":"plain","type":"text","name":"Plain"}],
+     "rules":[{"on":{"read":"plain"},"do":[{"set":{"element":"plain","name":"Read"}}]}]},
     {"title":"Two"}]},
   {"id":"deaf","process":"chrome.exe","uia":false}],"foreground":"b"})";
 
@@ -225,22 +226,28 @@ TEST_F(UiaTest, Fault_GivesItsResult_ToTheNamedElementAlone) {
 }
 
 TEST_F(UiaTest, ReadRule_ActsAfterTheValueWasTaken) {
-  const SimulatedDesktop other(R"({"windows":[{"id":"w","process":"x.exe","elements":[
-    {"id":"e","type":"text","name":"before"}],
-    "rules":[{"on":{"read":"e"},"do":[{"set":{"element":"e","name":"after"}}]}]}]})");
-  ComReference<IUIAutomation> own;
-  ASSERT_EQ(::CoCreateInstance(CLSID_CUIAutomation, nullptr, CLSCTX_INPROC_SERVER, IID_IUIAutomation, own.putVoid()),
-            S_OK);
-  ComReference<IUIAutomationElement> top;
-  ASSERT_EQ(own->ElementFromHandle(other.window("w"), top.put()), S_OK);
-  ComReference<IUIAutomationCondition> all;
-  ASSERT_EQ(own->CreateTrueCondition(all.put()), S_OK);
-  ComReference<IUIAutomationElementArray> found;
-  ASSERT_EQ(top->FindAll(TreeScope_Descendants, all.get(), found.put()), S_OK);
+  const auto element = control(control_type::text);
+  EXPECT_EQ(nameOf(element.get()), L"Plain");
+  EXPECT_EQ(nameOf(element.get()), L"Read");
+}
+
+TEST_F(UiaTest, WindowOfTheHost_ShowsNothingInside) {
+  WNDCLASSW windowClass{};
+  windowClass.lpfnWndProc = ::DefWindowProcW;
+  windowClass.lpszClassName = L"UiaTest";
+  ASSERT_NE(::RegisterClassW(&windowClass), 0);
+  const HWND window = ::CreateWindowExW(0, L"UiaTest", L"Own", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr,
+                                        ::GetModuleHandleW(nullptr), nullptr);
   ComReference<IUIAutomationElement> element;
-  ASSERT_EQ(found->GetElement(0, element.put()), S_OK);
-  EXPECT_EQ(nameOf(element.get()), L"before");
-  EXPECT_EQ(nameOf(element.get()), L"after");
+  ASSERT_EQ(automation->ElementFromHandle(window, element.put()), S_OK);
+  EXPECT_EQ(nameOf(element.get()), L"Own");
+  ComReference<IUIAutomationCondition> all;
+  ASSERT_EQ(automation->CreateTrueCondition(all.put()), S_OK);
+  ComReference<IUIAutomationElementArray> found;
+  ASSERT_EQ(element->FindAll(TreeScope_Descendants, all.get(), found.put()), S_OK);
+  EXPECT_EQ(lengthOf(found), 0);
+  ::DestroyWindow(window);
+  EXPECT_EQ(element->FindAll(TreeScope_Descendants, all.get(), found.put()), notAvailable);
 }
 
 TEST_F(UiaTest, Calls_Fail_OnAThreadWithoutAnApartment) {
@@ -274,11 +281,8 @@ TEST_F(UiaDeathTest, Run_Stops_WhenAReferenceIsGivenBackTwice) {
 }
 
 TEST_F(UiaDeathTest, Run_Stops_WhenTheApartmentGoesBeforeItsReferences) {
-  EXPECT_EXIT(
-      {
-        for (int depth = 0; depth < 3; ++depth) ::CoUninitialize();
-      },
-      ::testing::ExitedWithCode(3), "simulation: CoUninitialize: ");
+  EXPECT_EXIT(::CoUninitialize(), ::testing::ExitedWithCode(3),
+              "simulation: CoUninitialize: references are still held");
 }
 
 TEST_F(UiaDeathTest, Run_Stops_AtWhatIsNotModelled) {

@@ -4,8 +4,8 @@
 
 namespace orvane::simulation {
 
-// A desktop with one browser window, "browser" (1200 x 800 at the origin, in front), whose one tab
-// shows a page. Lists and objects are JSON text as a scenario writes them.
+// A desktop with one browser window, "browser", in front, whose one tab shows a page. Lists and objects are JSON text
+// as a scenario writes them.
 struct BrowserPage {
   std::string page = "[]";        // the tab's elements
   std::string rules = "[]";       // of the tab
@@ -14,15 +14,16 @@ struct BrowserPage {
   std::string otherWindows = "";  // windows below it, each with a comma in front
   std::string title = "Plan - Claude";
   std::string address = "https://claude.ai/chat/9f2c";
+  std::string bounds = "[0, 0, 1200, 800]";  // of the window
   std::string foreground = R"("browser")";
 };
 
 // The scenario's `desktop`.
 inline std::string desktopJson(const BrowserPage& page) {
-  return R"({"windows": [{"id": "browser", "process": "chrome.exe", "bounds": [0, 0, 1200, 800], "tabs": [{"title": ")" +
-         page.title + R"(", "address": ")" + page.address + R"(", "selected": true, "page": )" + page.page +
-         R"(, "rules": )" + page.rules + "}]" + page.window + "}" + page.otherWindows + R"(], "foreground": )" +
-         page.foreground + R"(, "faults": )" + page.faults + "}";
+  return R"({"windows": [{"id": "browser", "process": "chrome.exe", "bounds": )" + page.bounds +
+         R"(, "tabs": [{"title": ")" + page.title + R"(", "address": ")" + page.address +
+         R"(", "selected": true, "page": )" + page.page + R"(, "rules": )" + page.rules + "}]" + page.window + "}" +
+         page.otherWindows + R"(], "foreground": )" + page.foreground + R"(, "faults": )" + page.faults + "}";
 }
 
 // One fault that holds for every fitting call: `result` as a scenario writes it.

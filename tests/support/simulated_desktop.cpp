@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
 #include <variant>
 
 #include "scenario/build_desktop.h"
@@ -25,29 +26,39 @@ bool isNamed(const Element& element, std::string_view name) { return Desktop::re
 
 struct SimulatedDesktop::World {
   // Never freed, as it must be: reachable for as long as the process lives.
-  static World& make() {
+  static World& make(const DesktopPlan& plan) {
+    if (std::exchange(isStanding, true)) {
+      throw std::logic_error("another simulated desktop still stands in this process");
+    }
     static auto* const kept = new std::vector<std::unique_ptr<World>>;
-    return *kept->emplace_back(std::make_unique<World>());
+    World& world = *kept->emplace_back(std::make_unique<World>());
+    world.furnish(plan);
+    return world;
   }
+
+  static inline bool isStanding = false;
 
   Clock& clock = *new Clock;
   Books books;
   Desktop desktop{clock, books};
   Platform platform{desktop, nullptr, {}};
+
+ private:
+  void furnish(const DesktopPlan& plan) {
+    buildDesktop(desktop, plan);
+    if (plan.foreground) {
+      desktop.moveForeground(desktop.windowById(*plan.foreground));
+    }
+    desktop.startRules();
+    // The test's own apartment: no fault for the calls under test may meet it.
+    books.setFaults({});
+    EXPECT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+    books.setFaults(plan.faults);
+  }
 };
 
-SimulatedDesktop::SimulatedDesktop(const std::string& desktop) : desktopJson_(desktop), world_(World::make()) {
-  const DesktopPlan plan = readWithSteps(desktop, "[]").desktop;
-  buildDesktop(world_.desktop, plan);
-  if (plan.foreground) {
-    world_.desktop.moveForeground(world_.desktop.windowById(*plan.foreground));
-  }
-  world_.desktop.startRules();
-  // The test's own apartment: a fault for the calls under test may not meet it.
-  world_.books.setFaults({});
-  EXPECT_TRUE(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
-  world_.books.setFaults(plan.faults);
-}
+SimulatedDesktop::SimulatedDesktop(const std::string& desktop)
+    : desktopJson_(desktop), world_(World::make(readWithSteps(desktop, "[]").desktop)) {}
 
 SimulatedDesktop::~SimulatedDesktop() {
   world_.books.setFaults({});
@@ -58,6 +69,7 @@ SimulatedDesktop::~SimulatedDesktop() {
   if (held(held_kind::comReferences) == 0) {
     ::CoUninitialize();
   }
+  World::isStanding = false;
 }
 
 Desktop& SimulatedDesktop::world() { return world_.desktop; }
@@ -72,7 +84,7 @@ HWND SimulatedDesktop::window(std::string_view id) const {
 
 bool SimulatedDesktop::hasWindow(std::string_view id) const { return world_.desktop.windowById(id) != nullptr; }
 
-Window& SimulatedDesktop::liveWindow(std::string_view id) const {
+Window& SimulatedDesktop::windowState(std::string_view id) const {
   Window* window = world_.desktop.windowById(id);
   if (window == nullptr) {
     throw std::invalid_argument("no window \"" + std::string(id) + "\" lives");
@@ -81,7 +93,7 @@ Window& SimulatedDesktop::liveWindow(std::string_view id) const {
 }
 
 Element& SimulatedDesktop::element(std::string_view window, std::string_view id) const {
-  const Window& owner = liveWindow(window);
+  const Window& owner = windowState(window);
   Element* found = nullptr;
   for (const auto& element : world_.desktop.allElements()) {
     if (element->window != &owner || element->removed || !isNamed(*element, id)) {
@@ -107,7 +119,7 @@ int SimulatedDesktop::invocations(std::string_view window, std::string_view id) 
 }
 
 std::string SimulatedDesktop::selectedTab(std::string_view window) const {
-  const Tab* selected = liveWindow(window).selected;
+  const Tab* selected = windowState(window).selected;
   return selected == nullptr ? std::string() : utf8FromText(selected->title);
 }
 
@@ -153,7 +165,7 @@ std::int64_t SimulatedDesktop::held(std::string_view kind) const {
 void SimulatedDesktop::perform(std::string_view window, const std::string& actions) {
   const std::string steps = R"([{"do": )" + actions + R"(, "window": ")" + std::string(window) + R"("}])";
   const Scenario scenario = readWithSteps(desktopJson_, steps);
-  world_.desktop.perform(std::get<step::Do>(scenario.steps.front()).actions, &liveWindow(window), nullptr);
+  world_.desktop.perform(std::get<step::Do>(scenario.steps.front()).actions, &windowState(window), nullptr);
 }
 
 void SimulatedDesktop::setFaults(const std::string& faults) {
@@ -163,7 +175,7 @@ void SimulatedDesktop::setFaults(const std::string& faults) {
 }
 
 void SimulatedDesktop::bringToFront(std::string_view id) {
-  world_.desktop.moveForeground(id.empty() ? nullptr : &liveWindow(id));
+  world_.desktop.moveForeground(id.empty() ? nullptr : &windowState(id));
 }
 
 }  // namespace orvane::simulation

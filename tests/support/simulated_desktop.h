@@ -37,9 +37,11 @@ class SimulatedDesktop {
   // The handle that the window of this id has, or had while it lived. Null for an unknown id.
   HWND window(std::string_view id) const;
   bool hasWindow(std::string_view id) const;  // it lives
+  // A window as it stands; an exception that ends the test when it doesn't live.
+  Window& windowState(std::string_view id) const;
 
   // A control by its id or by its tab's title; the one of the selected tab where several pages have
-  // one. A test failure (and an exception that ends the test) when there is none.
+  // one. An exception that ends the test when there is none.
   Element& element(std::string_view window, std::string_view id) const;
 
   // The control's value as it stands; nullopt for a null string and without a Value pattern.
@@ -66,8 +68,6 @@ class SimulatedDesktop {
 
  private:
   struct World;
-
-  Window& liveWindow(std::string_view id) const;
 
   std::string desktopJson_;
   World& world_;  // kept until the process ends: threads of the host may still stand in it

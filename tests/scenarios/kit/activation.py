@@ -9,6 +9,8 @@ a slip of the pen shows when the files are written.
 
 from dataclasses import dataclass, field
 
+from .activation_tabs import S_OK, tab_line, trace_safe, yes_no
+
 # ---- waits, in milliseconds
 
 BEFORE_SECOND_PASS_MS = 150
@@ -25,137 +27,11 @@ FORCE_PASS_MS = (120, 200, 280)
 FIRST_FOLLOW_UP_MS = 180
 SECOND_FOLLOW_UP_MS = 270
 
-# ---- result codes
-
-S_OK = "0x0"
-E_INVALIDARG = "0x80070057"
-E_FAIL = "0x80004005"
-E_NOINTERFACE = "0x80004002"
-UIA_E_ELEMENTNOTAVAILABLE = "0x80040201"
-RPC_E_DISCONNECTED = "0x80010108"
-
-# ---- decisions of discovery
-
-NO_MATCH = "NO_MATCH"
-REJECT_COMPANY_HOMEPAGE = "REJECT_COMPANY_HOMEPAGE"
-REJECT_NON_CHAT_CLAUDE_PAGE = "REJECT_NON_CHAT_CLAUDE_PAGE"
-REJECT_OTHER_PROVIDER = "REJECT_OTHER_PROVIDER"
-
-# ---- how a live tab is chosen
-
-INDEX_AND_TITLE = "INDEX_AND_TITLE"
-UNIQUE_TITLE = "UNIQUE_TITLE"
-INDEX_FALLBACK = "INDEX_FALLBACK"
-STRICT_TITLE_LOST = "FAILED: strict ChatGPT title no longer identifies one tab"
-INDEX_LOST = "FAILED: recorded tab index no longer exists and title was not unique"
-
 # ---- what becomes of the foreground
 
 CONFIRMED = "PASS"
 REQUESTED = "REQUESTED"
 NOT_CONFIRMED = "FAIL: foreground not confirmed"
-
-POINTS = {
-    "domain": 300,
-    "anchoredTitle": 200,
-    "remembered": 260,
-    "verifiedContent": 280,
-    "strictTitle": 250,
-    "rememberedPosition": 320,
-    "rememberedAutomationId": 40,
-    "selected": 20,
-}
-RAW_TITLE_POINTS = 60
-
-TRACE_TEXT_LIMIT_BYTES = 180
-REGULAR_EXPRESSION_SIGNS = frozenset("\\^$.|?*+()[]{}")
-
-
-def trace_safe(text):
-    """A title, address or id as a composed line shows it; a cut sequence shows U+FFFD."""
-    raw = text.replace("\r", " ").replace("\n", " ").encode()
-    if len(raw) > TRACE_TEXT_LIMIT_BYTES:
-        raw = raw[: TRACE_TEXT_LIMIT_BYTES - 3] + b"..."
-    return raw.decode(errors="replace")
-
-
-def yes_no(holds):
-    return "Y" if holds else "N"
-
-
-def literally(text):
-    return "".join("\\" + sign if sign in REGULAR_EXPRESSION_SIGNS else sign for sign in text)
-
-
-@dataclass(frozen=True)
-class SeenTab:
-    """One tab as discovery sees it. `marks` are the names of the flags that hold for it."""
-
-    index: int
-    title: str
-    marks: frozenset = frozenset()
-    url: str = ""
-    automation_id: str = ""
-    decision: str = NO_MATCH
-    score: int = None
-
-    @property
-    def selected(self):
-        return "selected" in self.marks
-
-    @property
-    def accepted(self):
-        return self.score is not None
-
-
-def seen(index, title, marks="", *, url="", id="", decision=NO_MATCH, score=None):
-    """A tab of the inventory; `marks` holds its flags, parted by blanks. A score accepts it.
-
-    `selected` and, of an inactive ChatGPT tab, `strictTitle` stand among the marks.
-    """
-    names = frozenset(marks.split())
-    unknown = names - POINTS.keys() - {"rawTitle"}
-    if unknown:
-        raise ValueError(f"{title}: unknown marks {sorted(unknown)}")
-    if score is not None:
-        points = sum(POINTS.get(name, 0) for name in names)
-        points += RAW_TITLE_POINTS if "rawTitle" in names and "anchoredTitle" not in names else 0
-        if points != score:
-            raise ValueError(f"{title}: the marks are worth {points}, not {score}")
-    if url and "selected" not in names:
-        raise ValueError(f"{title}: only a selected tab has an address")
-    return SeenTab(index, title, names, url, id, decision, score)
-
-
-@dataclass(frozen=True)
-class SeenWindow:
-    """One browser window as discovery sees it."""
-
-    browser: str
-    tabs: tuple = ()
-    nameless_tabs: int = 0
-    has_root: bool = True
-    has_tab_items: bool = True
-    proves_composer: bool = False
-
-
-def window(browser, *tabs, **facts):
-    return SeenWindow(browser, tuple(tabs), **facts)
-
-
-@dataclass(frozen=True)
-class LiveTab:
-    """One tab item as a selection finds it. Marks: S selected, I index, T title, A automation id."""
-
-    index: int
-    title: str
-    marks: str = ""
-    id: str = ""
-
-
-def live(*tabs):
-    """Live tabs from (title, marks) or (title, marks, id), in the order of the strip."""
-    return tuple(LiveTab(index, *tab) for index, tab in enumerate(tabs))
 
 
 @dataclass
@@ -299,12 +175,13 @@ class Activation:
         """The first attempt succeeds: the tab at index `at` of the live tabs, for this reason."""
         return self.attempt(1, S_OK, tabs, reason, at, requested=requested).selection_passed()
 
-    def attempt(self, number, hr, tabs=None, reason=None, at=None, *, requested=None, read_back=None):
+    def attempt(self, number, hr, tabs=None, reason=None, at=None, *, requested=None, read_back=None, length=None):
         """One attempt. Without live tabs the window or the search failed; without `at` no tab was
-        resolved; `read_back` says whether the tab was found selected, None where nothing was read."""
+        resolved; `read_back` says whether the tab was found selected, None where nothing was read;
+        `length` counts the tab items where one of them could not be had. `at` is a place in `tabs`."""
         self.wait((0, BEFORE_SECOND_ATTEMPT_MS, BEFORE_THIRD_ATTEMPT_MS)[number - 1])
         if tabs is not None:
-            self._resolve(requested or self.target, tabs, reason, at)
+            self._resolve(requested or self.target, tabs, reason, at, length)
         title, automation_id = (tabs[at].title, tabs[at].id) if at is not None else ("", "")
         if read_back is None:
             read_back = True if hr == S_OK else None
@@ -325,11 +202,12 @@ class Activation:
         self.step("Tab selection", f"FAILED ({hr})")
         return self
 
-    def _resolve(self, requested, tabs, reason, at):
+    def _resolve(self, requested, tabs, reason, at, length=None):
+        length = len(tabs) if length is None else length
         self.step(
             "Activation target",
             f'requestedIndex={requested.index}; requestedTitle="{trace_safe(requested.title)}"; '
-            f'requestedAutomationId="{trace_safe(requested.automation_id)}"; enumeratedTabs={len(tabs)}',
+            f'requestedAutomationId="{trace_safe(requested.automation_id)}"; enumeratedTabs={length}',
         )
         for tab in tabs:
             self.step(
@@ -444,7 +322,7 @@ class Activation:
         """The reply map. The handle is any 64-bit integer here: a later call proves whose it is."""
         value = {"success": self.succeeds}
         if self.target is not None:
-            explicit = self.target.marks & ({"domain", "verifiedContent"} | (set() if self.is_chatgpt else {"anchoredTitle"}))
+            explicit = self.target.marks & {"domain", "verifiedContent" if self.is_chatgpt else "anchoredTitle"}
             value |= {
                 "browser": self.browser,
                 "windowHandle": {},
@@ -464,44 +342,3 @@ class Activation:
             "startMs": self.start_ms,
             "endMs": self.end_ms,
         }
-
-
-def tab_line(ordinal, tab):
-    """The line of one tab in a pass, a regular expression because of the window's handle."""
-
-    def mark(name):
-        return f"{name}={yes_no(name in tab.marks)}"
-
-    texts = {"title": tab.title, "url": tab.url, "automationId": tab.automation_id}
-    quoted = {key: f'{key}="{trace_safe(text)}"' for key, text in texts.items()}
-    behind_handle = "; ".join(
-        [
-            "",
-            mark("selected"),
-            quoted["title"],
-            quoted["url"],
-            mark("domain"),
-            quoted["automationId"],
-            f"tabIndex={tab.index}",
-            mark("remembered"),
-            mark("rememberedAutomationId"),
-            mark("rememberedPosition"),
-            mark("anchoredTitle"),
-            mark("verifiedContent"),
-            mark("rawTitle"),
-            f"decision=ACCEPT; score={tab.score}" if tab.accepted else f"decision={tab.decision}",
-        ]
-    )
-    return f"~^#{ordinal} hwnd=0x[0-9a-f]+{literally(behind_handle)}$"
-
-
-def remembered_steps(*, automation_id="", title="", ignored=False):
-    """What each pass says of the memory that the interface sent along."""
-    steps = []
-    if automation_id:
-        steps.append({"step": "Remembered AutomationId", "result": trace_safe(automation_id)})
-    if ignored:
-        steps.append({"step": "Remembered title", "result": "Ignored because it belongs to another provider"})
-    elif title:
-        steps.append({"step": "Remembered title", "result": trace_safe(title)})
-    return steps

@@ -1,5 +1,5 @@
 """What the activation scenarios share: arguments, desktops around a provider's tab, and what every run must show."""
-from .activation import seen
+from .activation_tabs import REJECT_NON_CHAT_CLAUDE_PAGE, seen
 from .core import NOTHING_HELD, browser, call, scenario, tab
 from .desktops import editor, mail, terminal
 from .pages import CHATGPT, CLAUDE, GEMINI, PERPLEXITY, ready_page
@@ -31,7 +31,7 @@ CLAUDE_URL = "https://claude.ai/chat/77b1"
 GEMINI_URL = "https://gemini.google.com/app/5c"
 
 
-def provider_arguments(name, **more):
+def provider_arguments(name, /, **more):
     """The whole map for a provider; an entry given as None is left out."""
     domain, patterns = CALLS.get(name, ("", []))
     arguments = {
@@ -125,6 +125,9 @@ SEEN_SLEEPING = seen(1, SLEEPING_TITLE)
 SEEN_NEW_TAB = seen(2, "New tab")
 SEEN_RAMEN = seen(0, RAMEN_TITLE, "selected", url=RAMEN_URL)
 SEEN_QUIET_HOME = (SEEN_WEATHER, SEEN_SLEEPING, SEEN_NEW_TAB)
+# Claude alone turns down every page in front whose address is none of its own.
+CLAUDE_SEES_WEATHER = seen(0, WEATHER_TITLE, "selected", url=WEATHER_URL, decision=REJECT_NON_CHAT_CLAUDE_PAGE)
+CLAUDE_SEES_RAMEN = seen(0, RAMEN_TITLE, "selected", url=RAMEN_URL, decision=REJECT_NON_CHAT_CLAUDE_PAGE)
 
 
 def desk(*browsers):
@@ -181,7 +184,7 @@ def sees_foreground(activation, reply, name="look"):
 
 
 def case(file, windows, activation, arguments, *, selected, selections, foreground=None, looks=None, behind=(),
-         faults=(), start=..., titles=None, calls=None, windows_at_end=None, values=None):
+         faults=(), start=..., titles=None, calls=None, windows_at_end=None, values=None, then=()):
     """One call of `activateProvider`.
 
     selected     where the selected tab of each browser window stands at the end
@@ -189,6 +192,7 @@ def case(file, windows, activation, arguments, *, selected, selections, foregrou
     foreground   the window in front at the end; the host's own stays there unless it is given
     looks        whether the call is followed by a look at the window in front; a success with it in front is
     behind       steps after the call
+    then         further calls of `activateProvider` behind it: the activation and its arguments
     """
     reply = activation.reply("activation")
     steps, replies = [call("activateProvider", arguments, "activation")], [reply]
@@ -196,9 +200,12 @@ def case(file, windows, activation, arguments, *, selected, selections, foregrou
         step, seen_in_front = sees_foreground(activation, "activation")
         steps.append(step)
         replies.append(seen_in_front)
+    for number, (later, later_arguments) in enumerate(then, 2):
+        steps.append(call("activateProvider", later_arguments, f"activation{number}"))
+        replies.append(later.reply(f"activation{number}"))
     counted = {"IUIAutomationSelectionItemPattern::Select": selections, **(calls or {})}
     if not activation.succeeds and activation.target is None:
-        counted["SetForegroundWindow"] = 0
+        counted.setdefault("SetForegroundWindow", 0)
     expect = expectation(replies, windows, foreground or "main", selected, titles=titles, calls=counted,
                          windows_at_end=windows_at_end, values=values)
     made = scenario(file.replace("-", " "), windows, [*steps, *behind], expect, start, CLIPBOARD, faults)

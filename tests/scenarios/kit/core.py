@@ -65,13 +65,15 @@ def tab(title, address="", page=(), rules=(), **facts):
     return made
 
 
+def _marked(one):
+    """The tab as the selected one, said before its page."""
+    facts = {key: value for key, value in one.items() if key not in ("page", "rules")}
+    return {**facts, "selected": True, **{key: one[key] for key in ("page", "rules") if key in one}}
+
+
 def browser(identifier, process, tabs, selected=0, bounds=(40, 20, 1640, 1020), **facts):
     """A browser window; `selected` is the index of the tab in front, or None."""
-    marked = [dict(one, selected=True) if i == selected else dict(one) for i, one in enumerate(tabs)]
-    for one in marked:
-        for key in ("page", "rules"):
-            if key in one:
-                one[key] = one.pop(key)  # behind "selected", where they are read best
+    marked = [_marked(one) if index == selected else one for index, one in enumerate(tabs)]
     made = {"id": identifier, "process": process, "bounds": list(bounds)}
     made.update(facts)
     made["tabs"] = marked
@@ -247,10 +249,11 @@ def _written(value, indent, lead=0):
     if not isinstance(value, (dict, list)) or not value or indent + lead + len(line) < LINE_WIDTH:
         return line
     inner = " " * (indent + 2)
-    openings = [json.dumps(key, ensure_ascii=False) + ": " for key in value] if isinstance(value, dict) else [""] * len(value)
-    children = value.values() if isinstance(value, dict) else value
+    is_object = isinstance(value, dict)
+    openings = [json.dumps(key, ensure_ascii=False) + ": " if is_object else "" for key in value]
+    children = value.values() if is_object else value
     items = [inner + opening + _written(child, indent + 2, len(opening)) for opening, child in zip(openings, children)]
-    left, right = "{}" if isinstance(value, dict) else "[]"
+    left, right = "{}" if is_object else "[]"
     return left + "\n" + ",\n".join(items) + "\n" + " " * indent + right
 
 

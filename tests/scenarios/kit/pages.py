@@ -163,12 +163,12 @@ def pasted_page(provider):
 def sign_in_elements(provider):
     """The panel that stands in place of a conversation when the session has ended."""
     return [
-        text("signInTitle", f"Log in to {provider.name}", (660, 300, 1260, 340)),
-        button("continueGoogle", "Continue with Google", (660, 400, 1260, 448)),
-        button("continueApple", "Continue with Apple", (660, 460, 1260, 508)),
-        edit("email", "Email", (660, 540, 1260, 588), value=""),
-        edit("password", "Password", (660, 600, 1260, 648), value="", password=True),
-        button("continueEmail", "Continue with email", (660, 670, 1260, 718)),
+        text("signInTitle", f"Log in to {provider.name}", (660, 200, 1260, 240)),
+        button("continueGoogle", "Continue with Google", (660, 280, 1260, 328)),
+        button("continueApple", "Continue with Apple", (660, 340, 1260, 388)),
+        edit("email", "Email", (660, 420, 1260, 468), value=""),
+        edit("password", "Password", (660, 480, 1260, 528), value="", password=True),
+        button("continueEmail", "Continue with email", (660, 550, 1260, 598)),
     ]
 
 

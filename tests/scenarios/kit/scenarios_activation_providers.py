@@ -1,9 +1,11 @@
 """Each provider is found among the tabs of an ordinary day, proven, and brought to the front."""
-from .activation import INDEX_AND_TITLE, UNIQUE_TITLE, Activation, live, seen, window
-from .activation_cases import (CHATGPT_URL, CLAUDE_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE, SEEN_MAIL,
-                               SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_page, chatgpt_tab, claude_tab,
-                               desk, gemini_tab, home, mail_tab, perplexity_page, provider_arguments, quiet_home,
-                               quiet_reading, ramen_tab, reading, report_tab, top_level, weather_tab, work)
+from .activation import Activation
+from .activation_cases import (CHATGPT_URL, CLAUDE_SEES_RAMEN, CLAUDE_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE,
+                               SEEN_MAIL, SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_page, chatgpt_tab,
+                               claude_tab, desk, gemini_tab, home, mail_tab, perplexity_page, provider_arguments,
+                               quiet_home, quiet_reading, ramen_tab, reading, report_tab, top_level, weather_tab,
+                               work)
+from .activation_tabs import INDEX_AND_TITLE, UNIQUE_TITLE, live, seen, window
 from .core import browser, on_select, tab
 
 QUIET_HOME = window("Edge", *SEEN_QUIET_HOME)
@@ -49,7 +51,7 @@ def claude_selected():
     activation = Activation("Claude")
     activation.discover(
         [window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE)), window("Edge", seen(0, WEATHER_TITLE), target),
-         QUIET_READING], top_level=top_level(windows))
+         window("Firefox", CLAUDE_SEES_RAMEN)], top_level=top_level(windows))
     activation.choose("Edge", target).already_selected().settle().claude_identity(passes=True).finish()
     yield case("claude-selected-chat-page-is-brought-to-the-front", windows, activation, provider_arguments("Claude"),
                selected={"work": 0, "home": 1, "reading": 0}, selections=0, foreground="home")
