@@ -156,7 +156,8 @@ def proven_below():
     """Without proof 450, with the address alone 520, with the composer too 800: the proven window lies lowest.
     Both pages with an address are hidden, so that neither stands in front already."""
     below = browser("spare", "brave.exe", [tab("ChatGPT", "https://chatgpt.com/", chatgpt_page())], visible=False)
-    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT")), home(tab("ChatGPT", "https://chatgpt.com/"), visible=False), below)
+    loading_window = home(tab("ChatGPT", "https://chatgpt.com/"), visible=False)
+    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT")), loading_window, below)
     inactive = seen(1, "ChatGPT", "anchoredTitle strictTitle rawTitle", score=450)
     loading = seen(0, "ChatGPT", "selected domain anchoredTitle rawTitle", url="https://chatgpt.com/", score=520)
     proven = seen(0, "ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle", url="https://chatgpt.com/",
