@@ -56,19 +56,26 @@ class TabSearch:
                   "PASS" if confirmed else "FAIL: no input sent without confirmed Chrome foreground")
         return self
 
-    def assist_keys(self, window, *, attempted=OPENING_EVENTS, refused=(), element=None, sent=True):
+    def assist_keys(self, window, *, attempted=OPENING_EVENTS, refused=(), opened=None, sent=True):
         """`attempted` are the events that were tried, `refused` the places of those that didn't come through;
-        `element` has the focus meanwhile."""
+        `opened` has the focus once A has gone down."""
         self.wait(AFTER_FOREGROUND_MS)
-        self._send(window, attempted, refused, element)
+        for number, event in enumerate(attempted):
+            self._send(window, [event], (0,) if number in refused else (), opened if number > 2 else None)
         self.step("Browser Assist keys", "Ctrl+Shift+A sent" if sent else "FAILED sending Ctrl+Shift+A")
         return self
 
-    def assist_field_refused(self, window, *, result=FIELD_REFUSED, element=None, escapes=True):
+    def assist_keys_opening(self, window, **facts):
+        """The box opens."""
+        return self.assist_keys(window, opened="searchTabs", **facts)
+
+    def assist_field_refused(self, window, *, result=FIELD_REFUSED, element=None, element_behind=None, escapes=True):
+        """`element` has the focus at Escape, `element_behind` once it is down."""
         self.wait(AFTER_KEYS_MS)
         self.step("Browser Assist search field", result)
         if escapes:
-            self._send(window, ESCAPE_EVENTS, (), element)
+            self._send(window, ESCAPE_EVENTS[:1], (), element)
+            self._send(window, ESCAPE_EVENTS[1:], (), element_behind)
         return self
 
     def assist_field_set(self):
@@ -77,11 +84,12 @@ class TabSearch:
         return self
 
     def assist_enter(self, window, *, result="Sent", attempted=ENTER_EVENTS, refused=(), element="searchTabs",
-                     element_behind=None):
-        """`element_behind` has the focus once Enter is down."""
+                     element_behind=None, window_behind=...):
+        """`element_behind` has the focus once Enter is down, in `window_behind` where another one has come up."""
         self.wait(AFTER_FIELD_SET_MS)
         self._send(window, attempted[:1], [one for one in refused if one < 1], element)
-        self._send(window, attempted[1:], [one - 1 for one in refused if one], element_behind)
+        self._send(window if window_behind is ... else window_behind, attempted[1:],
+                   [one - 1 for one in refused if one], element_behind)
         self.step("Browser Assist enter", result)
         return self
 

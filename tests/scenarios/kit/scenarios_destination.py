@@ -149,7 +149,8 @@ def shown_states():
                  shown="Edge", front="lower", selected=BOTH)
     yield chosen("window-without-an-address-is-passed-over", desk(upper(addressBar=None), lower()), ONLY_SELECTED,
                  PORTO, 0, shown="Edge", front="lower", selected=BOTH)
-    faults = (("IUIAutomation::ElementFromHandle", E_FAIL, 1, "root"), ("IUIAutomationElement::FindAll", None, 4, "tabs"),
+    faults = (("IUIAutomation::ElementFromHandle", E_FAIL, 1, "root"),
+              ("IUIAutomationElement::FindAll", None, 4, "tabs"),
               ("IUIAutomationElement::FindAll", E_FAIL, 1, "address"))
     for call, result, nth, word in faults:
         yield chosen(f"window-whose-{word}-cannot-be-read-is-passed-over", desk(upper(), lower()), ONLY_SELECTED, PORTO,
