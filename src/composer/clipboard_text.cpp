@@ -13,42 +13,20 @@ constexpr SIZE_T leastBlockBytes = 2;
 constexpr SIZE_T greatestBlockBytes = 8'388'608;
 constexpr std::size_t unitBytes = 2;  // in the block, whatever a wide character measures
 
-// An open clipboard.
-class ClipboardAccess {
- public:
-  ClipboardAccess() : isOpen_(::OpenClipboard(nullptr) != FALSE) {}
-  ~ClipboardAccess() {
-    if (isOpen_) {
-      ::CloseClipboard();
-    }
-  }
-  ClipboardAccess(const ClipboardAccess&) = delete;
-  ClipboardAccess& operator=(const ClipboardAccess&) = delete;
-
-  explicit operator bool() const { return isOpen_; }
-
- private:
-  bool isOpen_;
+struct OpenClipboardTraits {
+  using Value = bool;
+  static constexpr bool invalid() noexcept { return false; }
+  static void release(bool) noexcept { ::CloseClipboard(); }
 };
 
-// A global block while it is locked.
-class LockedBlock {
- public:
-  explicit LockedBlock(HGLOBAL block) : block_(block), bytes_(static_cast<const char*>(::GlobalLock(block))) {}
-  ~LockedBlock() {
-    if (bytes_ != nullptr) {
-      ::GlobalUnlock(block_);
-    }
-  }
-  LockedBlock(const LockedBlock&) = delete;
-  LockedBlock& operator=(const LockedBlock&) = delete;
-
-  const char* bytes() const { return bytes_; }
-
- private:
-  HGLOBAL block_;
-  const char* bytes_;
+struct LockedBlockTraits {
+  using Value = HGLOBAL;
+  static constexpr HGLOBAL invalid() noexcept { return nullptr; }
+  static void release(HGLOBAL block) noexcept { ::GlobalUnlock(block); }
 };
+
+using OpenClipboardState = UniqueResource<OpenClipboardTraits>;
+using LockedBlock = UniqueResource<LockedBlockTraits>;
 
 std::wstring textOfBlock(const char* bytes, std::size_t sizeBytes) {
   std::wstring text;
@@ -86,12 +64,16 @@ std::wstring readClipboardText() {
   if (sizeBytes < leastBlockBytes || sizeBytes > greatestBlockBytes) {
     return {};
   }
+  const auto* const bytes = static_cast<const char*>(::GlobalLock(block));
+  if (bytes == nullptr) {
+    return {};
+  }
   const LockedBlock locked(block);
-  return locked.bytes() == nullptr ? std::wstring() : textOfBlock(locked.bytes(), sizeBytes);
+  return textOfBlock(bytes, sizeBytes);
 }
 
 std::optional<std::wstring> takeClipboardText() {
-  const ClipboardAccess clipboard;
+  const OpenClipboardState clipboard(::OpenClipboard(nullptr) != FALSE);
   if (!clipboard) {
     return std::nullopt;
   }
