@@ -59,6 +59,7 @@ typedef DWORD COLORREF;
 
 typedef void* HANDLE;
 typedef HANDLE HLOCAL;
+typedef HANDLE HGLOBAL;
 #define DECLARE_HANDLE(name) typedef struct name##__* name
 DECLARE_HANDLE(HWND);
 DECLARE_HANDLE(HINSTANCE);

@@ -25,6 +25,9 @@ BOOL WINAPI IsDebuggerPresent(void);
 
 LPWSTR WINAPI GetCommandLineW(void);
 HLOCAL WINAPI LocalFree(HLOCAL block);
+SIZE_T WINAPI GlobalSize(HGLOBAL block);
+LPVOID WINAPI GlobalLock(HGLOBAL block);
+BOOL WINAPI GlobalUnlock(HGLOBAL block);
 
 DWORD WINAPI GetLastError(void);
 void WINAPI SetLastError(DWORD error);

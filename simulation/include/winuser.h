@@ -241,6 +241,11 @@ BOOL WINAPI BringWindowToTop(HWND window);
 HWND WINAPI SetActiveWindow(HWND window);
 HWND WINAPI SetFocus(HWND window);
 BOOL WINAPI AttachThreadInput(DWORD from, DWORD to, BOOL attaches);
+
+#define CF_UNICODETEXT 13
+BOOL WINAPI OpenClipboard(HWND owner);
+BOOL WINAPI CloseClipboard(void);
+HANDLE WINAPI GetClipboardData(UINT format);
 UINT WINAPI SendInput(UINT count, LPINPUT inputs, int size);
 
 }  // extern "C"

@@ -8,12 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "activation/browser_assist.h"
+#include "activation/chatgpt_destination.h"
 #include "activation/com_apartment.h"
 #include "activation/elapsed_timer.h"
 #include "activation/final_identity.h"
 #include "activation/remembered_target.h"
 #include "activation/tab_inventory.h"
 #include "activation/tab_selection.h"
+#include "activation/warm_route.h"
 #include "browser_channel/call_arguments.h"
 #include "browser_channel/elapsed_trace.h"
 #include "composer/foreground.h"
@@ -55,10 +58,12 @@ class StandardActivation {
       step("Native UIA", "Initialization failed");
       return replyWithoutTarget();
     }
-    // The fast routes have their place here, in front of the full discovery.
+    if (const char* route = takeFastRoute(session)) {
+      return reportFastRoute(route);
+    }
     step("Activation route", "FULL DISCOVERY: warm path unavailable");
     discover(session);
-    return candidates_.empty() ? reportNoSession() : activateBestCandidate(session);
+    return candidates_.empty() ? searchWithoutCandidate(session) : activateBestCandidate(session);
   }
 
  private:
@@ -90,14 +95,60 @@ class StandardActivation {
     }
   }
 
-  EncodableMap reportNoSession() {
+  // The words of the route that succeeded; null when the full discovery has to follow.
+  const char* takeFastRoute(const UiaSession& session) {
+    if (isChatGpt_ && activateChatGptDestination(session, trace_, remembered_, target_)) {
+      return "SELECTED CHATGPT: PASS";
+    }
+    ActivatedTarget warm;
+    if (!activateWarmTarget(session, name_, remembered_, trace_, warm)) {
+      return nullptr;
+    }
+    target_ = warm.tab;
+    resolvedTitle_ = warm.resolvedTitle;
+    resolvedAutomationId_ = warm.resolvedAutomationId;
+    return "WARM TARGETED: PASS";
+  }
+
+  EncodableMap reportFastRoute(const char* route) {
+    isVerified_ = true;
+    step("Activation route", route);
+    appendTotal();
+    step("Result", "Ready");
+    EncodableMap reply = makeTargetReply(resolvedOrRecordedAutomationId());
+    scheduleForegroundFollowUp(target_.hwnd);
+    return reply;
+  }
+
+  // The second method serves only where the first has no candidate at all.
+  EncodableMap searchWithoutCandidate(const UiaSession& session) {
     if (isChatGpt_) {
-      // The tab search of the browser has its place here, as the second method.
+      HWND window = nullptr;
+      std::wstring title;
+      if (runBrowserAssist(session, inventory_, trace_, window, title) && window != nullptr) {
+        return reportBrowserAssist(window, title);
+      }
       step("ChatGPT Method 2", "FAIL: bounded Tab Search did not verify ChatGPT");
       step("ChatGPT Diagnostic Summary", "Method 1=FAIL; Method 2=FAIL; overall=FAIL");
     }
     step("Result", "No ongoing " + (receivedName_.empty() ? "AI" : receivedName_) + " session found.");
     return replyWithoutTarget();
+  }
+
+  EncodableMap reportBrowserAssist(HWND window, const std::wstring& title) {
+    step("ChatGPT Method 2", "PASS: bounded Tab Search selected a verified ChatGPT page");
+    step("ChatGPT Diagnostic Summary", "Method 1=FAIL; Method 2=PASS; overall=PASS");
+    step("Result", "Ready");
+    appendTotal();
+    isVerified_ = true;
+    target_ = TabCandidate();
+    target_.hwnd = window;
+    target_.browser = L"Chrome";
+    target_.title = title;
+    resolvedTitle_.clear();
+    EncodableMap reply = makeTargetReply(std::string());
+    scheduleForegroundFollowUp(window);
+    return reply;
   }
 
   EncodableMap activateBestCandidate(const UiaSession& session) {
@@ -113,7 +164,9 @@ class StandardActivation {
       summarizeChatGptMethods();
     }
     step("Result", isVerified_ ? "Ready" : "Activation failed");
-    EncodableMap reply = replyWithTarget();
+    appendTotal();
+    // An id is handed out only with a tab that was found on explicit grounds.
+    EncodableMap reply = makeTargetReply(target_.explicitMatch ? resolvedOrRecordedAutomationId() : std::string());
     if (isVerified_) {
       scheduleForegroundFollowUp(target_.hwnd);
     }
@@ -195,16 +248,17 @@ class StandardActivation {
     }
   }
 
+  void appendTotal() { appendTiming(trace_, "activation total", timer_.elapsedMs()); }
+
   EncodableMap replyWithoutTarget() {
-    appendTiming(trace_, "activation total", timer_.elapsedMs());
+    appendTotal();
     EncodableMap reply;
     reply.emplace(EncodableValue("success"), EncodableValue(false));
     reply.emplace(EncodableValue("logs"), EncodableValue(trace_));
     return reply;
   }
 
-  EncodableMap replyWithTarget() {
-    appendTiming(trace_, "activation total", timer_.elapsedMs());
+  EncodableMap makeTargetReply(const std::string& selectedAutomationId) const {
     const std::wstring& title = resolvedTitle_.empty() ? target_.title : resolvedTitle_;
     EncodableMap reply;
     reply.emplace(EncodableValue("success"), EncodableValue(isVerified_));
@@ -213,16 +267,12 @@ class StandardActivation {
                   EncodableValue(static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(target_.hwnd))));
     reply.emplace(EncodableValue("selectedTitle"), EncodableValue(utf8FromWide(title)));
     reply.emplace(EncodableValue("selectedTabIndex"), EncodableValue(target_.tabIndex));
-    reply.emplace(EncodableValue("selectedAutomationId"), EncodableValue(selectedAutomationId()));
+    reply.emplace(EncodableValue("selectedAutomationId"), EncodableValue(selectedAutomationId));
     reply.emplace(EncodableValue("logs"), EncodableValue(trace_));
     return reply;
   }
 
-  // An id is handed out only with a tab that was found on explicit grounds.
-  std::string selectedAutomationId() const {
-    if (!target_.explicitMatch) {
-      return {};
-    }
+  std::string resolvedOrRecordedAutomationId() const {
     return utf8FromWide(resolvedAutomationId_.empty() ? target_.automationId : resolvedAutomationId_);
   }
 

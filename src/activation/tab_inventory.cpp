@@ -6,6 +6,8 @@
 #include "activation/candidate_evaluation.h"
 #include "activation/elapsed_timer.h"
 #include "activation/process_image.h"
+#include "activation/tab_item_facts.h"
+#include "activation/xray.h"
 #include "browser_channel/call_arguments.h"
 #include "composer/chatgpt_composer.h"
 #include "composer/window_text.h"
@@ -19,29 +21,6 @@ namespace {
 
 constexpr DWORD beforeSecondPassMs = 150;
 constexpr DWORD beforeThirdPassMs = 300;
-
-// What is known of one window while its tabs are read.
-struct BrowserWindow {
-  HWND window = nullptr;
-  DWORD pid = 0;
-  std::wstring imageName;
-  std::wstring displayName;
-  std::wstring title;
-  std::wstring address;
-  bool isComposerProven = false;
-  int tabControls = 0;
-  int tabItems = 0;
-};
-
-struct TabItemFacts {
-  int index = 0;
-  std::wstring name;
-  std::wstring automationId;
-  std::wstring className;
-  std::wstring frameworkId;
-  bool isUiaSelected = false;
-  bool isWindowTitleSelected = false;
-};
 
 std::optional<BrowserWindow> recognizeBrowser(HWND window) {
   BrowserWindow browser;
@@ -66,10 +45,22 @@ int countTabControls(const UiaSession& session, const UiaElement& root) {
   return controls ? controls.length() : 0;
 }
 
-bool findTabItems(const UiaSession& session, const UiaElement& root, UiaElementArray& items) {
+struct TabItemSearch {
+  UiaElementArray items;
+  HRESULT conditionResult = S_OK;
+  HRESULT searchResult = S_OK;
+  bool hasCondition = false;
+};
+
+TabItemSearch findTabItems(const UiaSession& session, const UiaElement& root) {
+  TabItemSearch search;
   UiaCondition condition;
-  session.controlTypeCondition(UIA_TabItemControlTypeId, condition);
-  return condition && SUCCEEDED(root.findAll(condition, items)) && items;
+  search.conditionResult = session.controlTypeCondition(UIA_TabItemControlTypeId, condition);
+  search.hasCondition = static_cast<bool>(condition);
+  if (search.hasCondition) {
+    search.searchResult = root.findAll(condition, search.items);
+  }
+  return search;
 }
 
 TabItemFacts readTabItem(const UiaElement& item, int index, const std::wstring& windowTitle) {
@@ -92,27 +83,34 @@ TabCandidate makeCandidate(const BrowserWindow& browser, const TabItemFacts& fac
   tab.title = facts.name;
   tab.automationId = facts.automationId;
   tab.tabIndex = facts.index;
-  tab.selected = facts.isUiaSelected || facts.isWindowTitleSelected;
+  tab.selected = facts.isSelected();
   tab.url = tab.selected ? browser.address : std::wstring();
   tab.verifiedContent = tab.selected && browser.isComposerProven;
   return tab;
 }
 
-void readTabs(DiscoveryPass& pass, BrowserWindow& browser, const UiaElement& root) {
+void readTabs(DiscoveryPass& pass, BrowserWindow& browser, const UiaElement& root, const XrayDump& xray) {
   browser.tabControls = countTabControls(*pass.session, root);
-  UiaElementArray items;
-  if (!findTabItems(*pass.session, root, items)) {
+  const TabItemSearch search = findTabItems(*pass.session, root);
+  if (!search.hasCondition) {
+    xray.writeConditionFailure(search.conditionResult);
     return;
   }
-  browser.tabItems = items.length();
+  if (!search.items) {
+    xray.writeSearchFailure(search.searchResult);
+    return;
+  }
+  browser.tabItems = search.items.length();
   pass.tabItems += static_cast<std::uint32_t>(browser.tabItems);
+  xray.writeTabs();
   for (int index = 0; index < browser.tabItems; ++index) {
     UiaElement item;
-    items.elementAt(index, item);
-    if (!item) {
+    if (const HRESULT result = search.items.elementAt(index, item); !item) {
+      xray.writeTabFailure(index, result);
       continue;
     }
     const TabItemFacts facts = readTabItem(item, index, browser.title);
+    xray.writeTab(item, facts);
     if (!facts.name.empty()) {
       pass.inventory->push_back(makeCandidate(browser, facts));
     }
@@ -131,9 +129,11 @@ void inventoryWindow(HWND window, DiscoveryPass& pass) {
   ++pass.browserWindows;
   ++pass.browserOrdinal;
   browser->title = windowText(window);
+  const XrayDump xray(pass.trace, pass.passNumber, pass.browserOrdinal, *browser);
+  xray.writeWindow();
   UiaElement root;
-  pass.session->elementFromHandle(window, root);
-  if (!root) {
+  if (const HRESULT result = pass.session->elementFromHandle(window, root); !root) {
+    xray.writeRootFailure(result);
     return;
   }
   ++pass.uiaRoots;
@@ -141,7 +141,7 @@ void inventoryWindow(HWND window, DiscoveryPass& pass) {
   if (textContains(pass.name, L"ChatGPT")) {
     browser->isComposerProven = verifyChatGptComposer(*pass.session, root, browser->title, pass.trace);
   }
-  readTabs(pass, *browser, root);
+  readTabs(pass, *browser, root, xray);
 }
 
 std::vector<std::wstring> readPatterns(const EncodableMap& arguments) {
@@ -218,9 +218,12 @@ bool inspectWindowTabs(const UiaSession& session, HWND window, std::vector<TabCa
     return false;
   }
   UiaElement root;
-  UiaElementArray items;
   session.elementFromHandle(window, root);
-  if (!root || !findTabItems(session, root, items)) {
+  if (!root) {
+    return false;
+  }
+  const UiaElementArray items = findTabItems(session, root).items;
+  if (!items) {
     return false;
   }
   const int length = items.length();

@@ -11,6 +11,7 @@
 #include "browser_channel/settled_providers.h"
 #include "browser_channel/trace_log.h"
 #include "composer/attachment_cleanup.h"
+#include "composer/best_effort_delivery.h"
 #include "composer/delivery_keys.h"
 #include "composer/foreground.h"
 #include "composer/prompt_box.h"
@@ -34,15 +35,22 @@ class Pipeline {
   explicit Pipeline(const EncodableMap* arguments) : arguments_(arguments) {}
 
   EncodableMap run() {
-    const bool reachedSubmit = provesForeground() && takesStandardRoute() && preparesComposer() && replacesDraft();
-    if (reachedSubmit) {
+    if (!provesForeground()) {
+      return reply();
+    }
+    readContext();
+    if (const BestEffortProfile profile = makeBestEffortProfile(key_); !profile.displayName.empty()) {
+      deliverByBestEffort(profile);
+    } else if (preparesComposer() && replacesDraft()) {
       submitAndVerify();
       conclude();
     }
-    return makeProviderReply(delivery_.isDelivered, message_, trace_);
+    return reply();
   }
 
  private:
+  EncodableMap reply() const { return makeProviderReply(delivery_.isDelivered, message_, trace_); }
+
   void step(const std::string& name, const std::string& result) { appendTrace(trace_, name, result); }
 
   bool stop(const std::string& message) {
@@ -59,19 +67,21 @@ class Pipeline {
     return isVerified || stop("Wrong AI is in the foreground; send blocked");
   }
 
-  bool takesStandardRoute() {
+  void readContext() {
     delivery_.name = stringEntry(arguments_, "name");
     const std::int64_t expected = integerEntry(arguments_, "expectedWindowHandle").value_or(0);
     const auto foreground = static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(delivery_.target));
     step("Dispatch Context", "Provider=" + delivery_.name + "; foreground HWND=" + std::to_string(foreground) +
                                  "; expected HWND=" + std::to_string(expected));
     key_ = toLower(wideFromUtf8(delivery_.name));
-    if (!makeBestEffortProfile(key_).displayName.empty()) {
-      // The best-effort route has its place here. Until it stands, these providers get nothing typed.
-      return stop("Experimental: stopped or delivery unverified; inspect trace and page before retry");
-    }
     delivery_.tests = testProvider(key_);
-    return true;
+  }
+
+  void deliverByBestEffort(const BestEffortProfile& profile) {
+    delivery_.isDelivered = deliverBestEffort(delivery_.target, profile, trace_);
+    message_ = delivery_.isDelivered
+                   ? "Experimental: composer cleared after submit; verify response on page"
+                   : "Experimental: stopped or delivery unverified; inspect trace and page before retry";
   }
 
   bool preparesComposer() {

@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "composer/key_events.h"
+
 namespace orvane {
 namespace {
 
@@ -21,19 +23,11 @@ constexpr std::array<KeyStroke, 4> selectAllStrokes{
 constexpr std::array<KeyStroke, 4> pasteStrokes{
     {{VK_CONTROL, false}, {letterV, false}, {letterV, true}, {VK_CONTROL, true}}};
 
-INPUT makeKeyEvent(const KeyStroke& stroke) {
-  INPUT event{};
-  event.type = INPUT_KEYBOARD;
-  event.ki.wVk = stroke.virtualKey;
-  event.ki.dwFlags = stroke.isUp ? KEYEVENTF_KEYUP : 0;
-  return event;
-}
-
 template <std::size_t count>
 bool sendStrokes(const std::array<KeyStroke, count>& strokes) {
   std::array<INPUT, count> events{};
   for (std::size_t index = 0; index < count; ++index) {
-    events[index] = makeKeyEvent(strokes[index]);
+    events[index] = makeKeyEvent(strokes[index].virtualKey, strokes[index].isUp);
   }
   return ::SendInput(static_cast<UINT>(count), events.data(), sizeof(INPUT)) == count;
 }

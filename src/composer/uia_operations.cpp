@@ -87,6 +87,10 @@ bool UiaElement::isOffscreen() const {
   return readBool(element_.get(), &IUIAutomationElement::get_CurrentIsOffscreen, true);
 }
 
+bool UiaElement::readsOffscreen() const {
+  return readBool(element_.get(), &IUIAutomationElement::get_CurrentIsOffscreen, false);
+}
+
 bool UiaElement::isKeyboardFocusable() const {
   return readBool(element_.get(), &IUIAutomationElement::get_CurrentIsKeyboardFocusable, false);
 }
@@ -126,6 +130,17 @@ HRESULT UiaElement::findAll(const UiaCondition& condition, UiaElementArray& foun
 }
 
 HRESULT UiaElement::setFocus() const { return element_->SetFocus(); }
+
+PatternOutcome UiaElement::setValue(const std::wstring& text) const {
+  HRESULT result = S_OK;
+  const auto pattern =
+      findPattern<IUIAutomationValuePattern>(element_.get(), UIA_ValuePatternId, IID_IUIAutomationValuePattern, result);
+  if (!pattern) {
+    return {false, result};
+  }
+  const UniqueBstr value(::SysAllocString(text.c_str()));
+  return {true, value ? pattern->SetValue(value.get()) : E_OUTOFMEMORY};
+}
 
 PatternOutcome UiaElement::invoke() const {
   HRESULT result = S_OK;

@@ -67,6 +67,7 @@ class UiaElement {
   std::optional<RECT> bounds() const;  // screen pixels; nullopt on failure
   bool isEnabled() const;              // false on failure
   bool isOffscreen() const;            // true on failure
+  bool readsOffscreen() const;         // the same fact for the diagnostics: false on failure
   bool isKeyboardFocusable() const;    // false on failure
   bool isPassword() const;             // true on failure
 
@@ -78,6 +79,8 @@ class UiaElement {
   HRESULT findAll(const UiaCondition& condition, UiaElementArray& found) const;
 
   HRESULT setFocus() const;
+  // Writes a field by its Value pattern; a composer is never written this way.
+  PatternOutcome setValue(const std::wstring& text) const;
   PatternOutcome invoke() const;
   PatternOutcome select() const;
   PatternOutcome doDefaultAction() const;

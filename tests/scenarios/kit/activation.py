@@ -9,7 +9,11 @@ a slip of the pen shows when the files are written.
 
 from dataclasses import dataclass, field
 
+from .activation_assist import TabSearch
+from .activation_routes import (AFTER_RESTORE_MS, BRING_FORWARD_MS, CONFIRMED, FORCE_PASS_MS,  # noqa: F401
+                                NOT_CONFIRMED, REQUESTED, FastRoutes)
 from .activation_tabs import S_OK, tab_line, trace_safe, yes_no
+from .activation_xray import WindowDump, pair_with_desktop
 
 # ---- waits, in milliseconds
 
@@ -21,21 +25,12 @@ BEFORE_SELECTION_READ_BACK_MS = 100
 AFTER_SELECTION_MS = 120
 BEFORE_CHATGPT_IDENTITY_MS = 180
 BEFORE_FOREGROUND_MS = 100
-BRING_FORWARD_MS = 120
-AFTER_RESTORE_MS = 60
-FORCE_PASS_MS = (120, 200, 280)
 FIRST_FOLLOW_UP_MS = 180
 SECOND_FOLLOW_UP_MS = 270
 
-# ---- what becomes of the foreground
-
-CONFIRMED = "PASS"
-REQUESTED = "REQUESTED"
-NOT_CONFIRMED = "FAIL: foreground not confirmed"
-
 
 @dataclass
-class Activation:
+class Activation(FastRoutes, TabSearch):
     """The trace of one call as it grows, and the virtual time at which it stands."""
 
     name: str
@@ -50,6 +45,14 @@ class Activation:
         self.browser = None
         self.resolved = ("", "")
         self.succeeds = False
+        self.front = None
+        self.last_seen = []
+        self.input = []
+        self.sent_calls = 0
+        self.front_at_end = "main"
+        self.front_requests = 0
+        self.reply_value = None
+        self._destination_said = self._warm_said = False
         self._begin()
 
     @property
@@ -82,27 +85,27 @@ class Activation:
         self.step("Native UIA", "Initialization failed")
         return self._end_without_target()
 
-    def fast_routes_missed(self):
-        """The routes in front of the full discovery have found nothing."""
-        self.step("Activation route", "FULL DISCOVERY: warm path unavailable")
-
     # ---- discovery
 
-    def discover(self, *passes, top_level, remembered=()):
+    def discover(self, *passes, desktop, top_level=None, front=None, remembered=()):
         """The silent passes, each a list of the browser windows in z-order, and the counters.
 
-        `top_level` counts all windows of the desktop in the last pass, the host's own included;
-        `remembered` holds the steps on what the interface remembered, see `remembered_steps`.
+        `desktop` lists the windows of the desktop; `top_level` counts them in the last pass, the
+        host's own included, where that isn't one more; `front` is the browser window in front, if
+        one is; `remembered` holds the steps on what the interface remembered, see
+        `remembered_steps`.
         """
         self.fast_routes_missed()
+        self.last_seen = pair_with_desktop(passes[-1], desktop)
+        self.front = front
         for number, windows in enumerate(passes):
             self.wait((0, BEFORE_SECOND_PASS_MS, BEFORE_THIRD_PASS_MS)[number])
-            accepted = self._discovery_pass(windows, remembered)
+            accepted = self._discovery_pass(pair_with_desktop(windows, desktop), remembered)
         if len(passes) < 3 and not accepted:
             raise ValueError("a pass that finds nothing is followed by another, up to three")
         last = passes[-1]
         readable = [one for one in last if one.has_root and one.has_tab_items]
-        self.step("Top-level windows", str(top_level))
+        self.step("Top-level windows", str(len(desktop) + 1 if top_level is None else top_level))
         self.step("Browser HWNDs", str(len(last)))
         self.step("UIA roots", str(sum(one.has_root for one in last)))
         self.step("Tab items", str(sum(len(one.tabs) + one.nameless_tabs for one in readable)))
@@ -118,11 +121,11 @@ class Activation:
             )
         return self
 
-    def _discovery_pass(self, windows, remembered):
+    def _discovery_pass(self, pairs, remembered):
         self.passes += 1
-        for ordinal, seen_window in enumerate(windows, 1):
-            self._window_read(ordinal, seen_window)
-        inventory = [(one.browser, tab) for one in windows if one.has_root and one.has_tab_items for tab in one.tabs]
+        for ordinal, (seen_window, window) in enumerate(pairs, 1):
+            self._window_read(seen_window, WindowDump(self.passes, ordinal, seen_window, window, self.front))
+        inventory = [(one.browser, tab) for one, _ in pairs if one.has_root and one.has_tab_items for tab in one.tabs]
         for ordinal, (_, tab) in enumerate(inventory, 1):
             self.step("Trace tab", tab_line(ordinal, tab))
         accepted = [entry for entry in inventory if entry[1].accepted]
@@ -133,21 +136,25 @@ class Activation:
         self.step(f"Timing discovery pass {self.passes}", "0 ms")
         return accepted
 
-    def _window_read(self, ordinal, seen_window):
+    def _window_read(self, seen_window, dump):
         """What is written while one browser window is read, before any tab of the pass is judged."""
-        del ordinal
-        if seen_window.proves_composer and seen_window.has_root:
-            self._composer_proven()
-
-    def _composer_proven(self):
-        self.step(
-            "ChatGPT content verification", "PASS: selected tab exposes a verified lower-page ChatGPT composer"
-        )
+        self.step(*dump.window_line())
+        if not seen_window.has_root:
+            self.step(*dump.root_line())
+            return
+        if seen_window.proves_composer:
+            self.composer_proven()
+        self.step(*dump.tabs_line())
+        if seen_window.has_tab_items:
+            for line in dump.tab_lines():
+                self.step(*line)
 
     # ---- no candidate
 
-    def no_session(self):
+    def no_session(self, assist=None):
+        """No route has found anything; `assist` says what became of the tab search, see `TabSearch`."""
         if self.is_chatgpt:
+            self.search_tabs(assist)
             self.step("ChatGPT Method 2", "FAIL: bounded Tab Search did not verify ChatGPT")
             self.step("ChatGPT Diagnostic Summary", "Method 1=FAIL; Method 2=FAIL; overall=FAIL")
         self.step("Result", f"No ongoing {self.name or 'AI'} session found.")
@@ -250,7 +257,7 @@ class Activation:
     def chatgpt_identity(self, *, passes, composer):
         self.wait(BEFORE_CHATGPT_IDENTITY_MS)
         if composer:
-            self._composer_proven()
+            self.composer_proven()
         self.step(
             "ChatGPT final identity",
             "PASS: selected tab verified before foreground"
@@ -320,6 +327,8 @@ class Activation:
 
     def value(self):
         """The reply map. The handle is any 64-bit integer here: a later call proves whose it is."""
+        if self.reply_value is not None:
+            return self.reply_value | {"logs": self.steps}
         value = {"success": self.succeeds}
         if self.target is not None:
             explicit = self.target.marks & {"domain", "verifiedContent" if self.is_chatgpt else "anchoredTitle"}

@@ -150,8 +150,10 @@ def tabs_at_end(windows, selected, titles=None):
     return {window: {"titles": strips[window], "selected": index} for window, index in selected.items()}
 
 
-def expectation(replies, windows, foreground, selected, *, titles=None, calls=None, windows_at_end=None, values=None):
-    """What every activation must show besides its reply: no key, no clipboard, nothing invoked, nothing held."""
+def expectation(replies, windows, foreground, selected, *, titles=None, calls=None, windows_at_end=None, values=None,
+                keys=()):
+    """What every activation must show besides its reply: no key but `keys`, no clipboard, nothing invoked, nothing
+    held."""
     desktop = {"foreground": foreground}
     if windows_at_end:
         desktop["windows"] = windows_at_end
@@ -164,7 +166,7 @@ def expectation(replies, windows, foreground, selected, *, titles=None, calls=No
         "exitCode": 0,
         "replies": replies,
         "toInterface": [],
-        "input": [],
+        "input": list(keys),
         "shell": [],
         "desktop": desktop,
         "stderr": [],
@@ -184,7 +186,7 @@ def sees_foreground(activation, reply, name="look"):
 
 
 def case(file, windows, activation, arguments, *, selected, selections, foreground=None, looks=None, behind=(),
-         faults=(), start=..., titles=None, calls=None, windows_at_end=None, values=None, then=()):
+         faults=(), start=..., titles=None, calls=None, windows_at_end=None, values=None, then=(), folder="activation"):
     """One call of `activateProvider`.
 
     selected     where the selected tab of each browser window stands at the end
@@ -203,10 +205,11 @@ def case(file, windows, activation, arguments, *, selected, selections, foregrou
     for number, (later, later_arguments) in enumerate(then, 2):
         steps.append(call("activateProvider", later_arguments, f"activation{number}"))
         replies.append(later.reply(f"activation{number}"))
-    counted = {"IUIAutomationSelectionItemPattern::Select": selections, **(calls or {})}
+    counted = {"IUIAutomationSelectionItemPattern::Select": selections, "SendInput": activation.sent_calls,
+               **(calls or {})}
     if not activation.succeeds and activation.target is None:
-        counted.setdefault("SetForegroundWindow", 0)
-    expect = expectation(replies, windows, foreground or "main", selected, titles=titles, calls=counted,
-                         windows_at_end=windows_at_end, values=values)
+        counted.setdefault("SetForegroundWindow", activation.front_requests)
+    expect = expectation(replies, windows, foreground or activation.front_at_end, selected, titles=titles,
+                         calls=counted, windows_at_end=windows_at_end, values=values, keys=activation.input)
     made = scenario(file.replace("-", " "), windows, [*steps, *behind], expect, start, CLIPBOARD, faults)
-    return f"activation/{file}.json", made
+    return f"{folder}/{file}.json", made

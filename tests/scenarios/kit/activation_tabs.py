@@ -1,8 +1,8 @@
 """What a search says of the tabs that it sees: the words and points of its decisions, and the lines about tabs."""
 
-from dataclasses import dataclass
+from dataclasses import dataclass, field
 
-from .core import same_text
+from .core import E_FAIL, same_text
 
 # ---- result codes
 
@@ -104,6 +104,17 @@ class SeenWindow:
     has_root: bool = True
     has_tab_items: bool = True
     proves_composer: bool = False
+    # For the dump of the window, where it doesn't follow from the rest.
+    id: str = None  # the desktop's window
+    title: str = None
+    address: str = None
+    tab_controls: int = 1
+    root_hr: str = UIA_E_ELEMENTNOTAVAILABLE
+    condition_hr: str = None
+    search_hr: str = E_FAIL
+    pattern_selected: int = None  # index of the tab whose pattern says so, -1 for none
+    lost_tabs: dict = field(default_factory=dict)  # index of a tab item that could not be had: the result
+    bounds: dict = field(default_factory=dict)  # index: the text
 
 
 def window(browser, *tabs, **facts):

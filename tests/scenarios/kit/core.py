@@ -214,11 +214,12 @@ def user(**act):
 # Scenarios.
 
 def scenario(name, windows, steps, expect, foreground=..., clipboard=None, faults=(), **more):
+    """`clipboard`: its text, or all of its forms."""
     desktop = {"windows": list(windows)}
     if foreground is not ...:
         desktop["foreground"] = foreground
     if clipboard is not None:
-        desktop["clipboard"] = {"text": clipboard}
+        desktop["clipboard"] = {"text": clipboard} if isinstance(clipboard, str) else clipboard
     if faults:
         desktop["faults"] = list(faults)
     desktop.update(more)

@@ -57,6 +57,18 @@ GROK = Provider(
     "Grok", "Lease questions - Grok", "https://grok.com/c/5e0f", "Ask Grok anything", "Submit", "Stop generating",
     "Attach", "Enter voice mode", composer_facts={"className": "tiptap"})
 
+DEEPSEEK = Provider(
+    "DeepSeek", "Lease questions - DeepSeek", "https://chat.deepseek.com/a/chat/s/91c2-lease", "Message DeepSeek",
+    "Send", "Stop generating", "Upload files", "Voice input", composer_facts={"automationId": "chat-input"})
+
+QWEN = Provider(
+    "Qwen", "Lease questions - Qwen", "https://chat.qwen.ai/c/7d20-lease", "How can I help you today? Ask anything",
+    "Send", "Stop generating", "Add files", "Voice chat", composer_facts={"automationId": "chat-input"})
+
+DOUBAO = Provider(
+    "Doubao", "租房合同的三个问题 - 豆包", "https://www.doubao.com/chat/38219", "发消息或输入 / 选择技能", "发送", "停止生成",
+    "上传文件", "语音输入", chats=("押金和维修", "搬家清单", "给房东的信"), composer_facts={"className": "semi-input-textarea"})
+
 
 @dataclass
 class Page:

@@ -2,7 +2,7 @@
 from .activation import Activation
 from .activation_cases import (CLAUDE_SEES_WEATHER, MAIL_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, WEATHER_TITLE, case,
                                chatgpt_tab, claude_page, claude_tab, desk, gemini_tab, home, mail_tab,
-                               provider_arguments, quiet_home, reading, sleeping_tab, top_level, weather_tab, work)
+                               provider_arguments, quiet_home, reading, sleeping_tab, weather_tab, work)
 from .activation_tabs import (INDEX_AND_TITLE, REJECT_COMPANY_HOMEPAGE, REJECT_NON_CHAT_CLAUDE_PAGE,
                               REJECT_OTHER_PROVIDER, live, seen, window)
 from .core import edit, tab
@@ -10,20 +10,29 @@ from .core import edit, tab
 QUIET_HOME = window("Edge", *SEEN_QUIET_HOME)
 
 
-def not_found(file, name, windows, seen_windows, *, remembered=(), **more):
-    """Three passes see the same, and nothing is accepted: no tab moves."""
+def begin(name, warm):
+    """`warm` appends what becomes of the remembered tab; without it nothing is remembered of one."""
     activation = Activation(name)
-    activation.discover(*[seen_windows] * 3, top_level=top_level(windows), remembered=remembered).no_session()
+    if warm:
+        warm(activation)
+    return activation
+
+
+def not_found(file, name, windows, seen_windows, *, remembered=(), warm=None, faults=(), **more):
+    """Three passes see the same, and nothing is accepted: no tab moves."""
+    activation = begin(name, warm)
+    activation.discover(*[seen_windows] * 3, desktop=windows, remembered=remembered).no_session()
     selected = {one["id"]: next(i for i, each in enumerate(one["tabs"]) if each.get("selected"))
                 for one in windows if "tabs" in one}
-    return case(file, windows, activation, provider_arguments(name, **more), selected=selected, selections=0)
+    return case(file, windows, activation, provider_arguments(name, **more), selected=selected, selections=0,
+                faults=faults)
 
 
 def found_selected(file, name, windows, seen_windows, browser, target, *, composer=False, foreground, selected,
-                   remembered=(), **more):
+                   remembered=(), warm=None, faults=(), **more):
     """One pass; the target stands in front of its window already, is proven, and comes to the front."""
-    activation = Activation(name)
-    activation.discover(seen_windows, top_level=top_level(windows), remembered=remembered)
+    activation = begin(name, warm)
+    activation.discover(seen_windows, desktop=windows, remembered=remembered)
     activation.choose(browser, target).already_selected().settle()
     if name == "ChatGPT":
         activation.chatgpt_identity(passes=True, composer=composer)
@@ -31,14 +40,14 @@ def found_selected(file, name, windows, seen_windows, browser, target, *, compos
         activation.claude_identity(passes=True)
     activation.finish()
     return case(file, windows, activation, provider_arguments(name, **more), selected=selected, selections=0,
-                foreground=foreground)
+                foreground=foreground, faults=faults)
 
 
 def found_inactive(file, name, windows, seen_windows, browser, target, live_tabs, reason, *, composer=False,
-                   foreground, selected, remembered=(), **more):
+                   foreground, selected, remembered=(), warm=None, faults=(), **more):
     """One pass; the target is selected at the first attempt, proven, and comes to the front."""
-    activation = Activation(name)
-    activation.discover(seen_windows, top_level=top_level(windows), remembered=remembered)
+    activation = begin(name, warm)
+    activation.discover(seen_windows, desktop=windows, remembered=remembered)
     activation.choose(browser, target).select(live_tabs, reason, target.index).settle()
     if name == "ChatGPT":
         activation.chatgpt_identity(passes=True, composer=composer)
@@ -46,11 +55,12 @@ def found_inactive(file, name, windows, seen_windows, browser, target, live_tabs
         activation.claude_identity(passes=True)
     activation.finish()
     return case(file, windows, activation, provider_arguments(name, **more), selected=selected, selections=1,
-                foreground=foreground)
+                foreground=foreground, faults=faults)
 
 
 def turned_down_by_address():
-    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT"), selected=1))
+    """A window whose page has ChatGPT's address is hidden, so that it doesn't count as selected already."""
+    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT"), selected=1, visible=False))
     tabs = [seen(0, MAIL_TITLE), seen(1, "ChatGPT", "selected anchoredTitle verifiedContent rawTitle",
                                       url="chatgpt.com/c/6821-7f", decision=REJECT_OTHER_PROVIDER)]
     yield not_found("chatgpt-without-a-domain-its-own-selected-page-counts-as-another-providers", "ChatGPT", windows,
@@ -87,7 +97,8 @@ def turned_down_by_address():
     yield not_found("gemini-address-that-names-another-provider-in-its-query-is-that-providers", "Gemini", windows,
                     [window("Edge", *tabs)])
 
-    windows = desk(home(weather_tab(), claude_tab("Plan - Claude", "https://chatgpt.com/c/1"), selected=1))
+    windows = desk(home(weather_tab(), claude_tab("Plan - Claude", "https://chatgpt.com/c/1"), selected=1,
+                        visible=False))
     tabs = [seen(0, WEATHER_TITLE), seen(1, "Plan - Claude", "selected domain", url="https://chatgpt.com/c/1",
                                          decision=REJECT_OTHER_PROVIDER)]
     yield not_found("chatgpt-title-of-another-provider-outweighs-the-domain", "ChatGPT", windows,
@@ -95,15 +106,16 @@ def turned_down_by_address():
 
 
 def legacy_host():
+    """In hidden windows, as above."""
     address = "https://chat.openai.com/c/19"
-    windows = desk(home(weather_tab(), chatgpt_tab("Lisbon", address), selected=1))
+    windows = desk(home(weather_tab(), chatgpt_tab("Lisbon", address), selected=1, visible=False))
     target = seen(1, "Lisbon", "selected domain verifiedContent", url=address, score=600)
     yield found_selected("chatgpt-legacy-host-is-no-company-page", "ChatGPT", windows,
                          [window("Edge", seen(0, WEATHER_TITLE), target, proves_composer=True)], "Edge", target,
                          composer=True, foreground="home", selected={"home": 1}, domain="chat.openai.com")
 
     address = "https://search.example/?q=chatgpt.com"
-    windows = desk(home(tab("Search", address)))
+    windows = desk(home(tab("Search", address), visible=False))
     target = seen(0, "Search", "selected domain", url=address, score=320)
     yield found_selected("chatgpt-search-page-whose-query-holds-the-host-counts-as-chatgpt", "ChatGPT", windows,
                          [window("Edge", target)], "Edge", target, foreground="home", selected={"home": 0})
@@ -183,7 +195,7 @@ def talking_to_claude():
     chosen = seen(0, "Talking to Claude", "selected rawTitle", score=80)
     activation = Activation("Claude")
     activation.discover([window("Chrome", SEEN_MAIL, target), window("Firefox", chosen, SEEN_QUIET_HOME[1])],
-                        top_level=top_level(windows))
+                        desktop=windows)
     activation.choose("Firefox", chosen).already_selected().settle().claude_identity(passes=False).finish_blocked()
     yield case("claude-mention-in-front-without-an-address-is-chosen-and-fails", windows, activation,
                provider_arguments("Claude"), selected={"work": 0, "reading": 0}, selections=0)
@@ -195,7 +207,7 @@ def patterns():
     target = seen(1, "sonnet 18 analysed", "rawTitle", score=60)
     letters = seen(0, "Claude's letters", "selected rawTitle", score=80)
     activation = Activation("Claude")
-    activation.discover([window("Chrome", SEEN_MAIL, target), window("Edge", letters)], top_level=top_level(windows))
+    activation.discover([window("Chrome", SEEN_MAIL, target), window("Edge", letters)], desktop=windows)
     activation.choose("Edge", letters).already_selected().settle().claude_identity(passes=False).finish_blocked()
     yield case("claude-patterns-count-as-far-as-they-are-texts-with-something-in-them", windows, activation,
                provider_arguments("Claude", patterns=words), selected={"work": 0, "home": 0}, selections=0)

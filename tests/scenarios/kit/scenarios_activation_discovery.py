@@ -1,6 +1,6 @@
 """Which windows and tabs discovery sees, what it does where one can't be read, and its silent retries."""
 from .activation import Activation
-from .activation_cases import (CHATGPT_URL, CLAUDE_URL, GEMINI_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE, SEEN_MAIL,
+from .activation_cases import (CLAUDE_URL, GEMINI_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE, SEEN_MAIL,
                                SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_tab, claude_page, claude_tab,
                                desk, gemini_tab, home, mail_tab, provider_arguments, quiet_home, ramen_tab, reading,
                                top_level, weather_tab, work)
@@ -18,7 +18,8 @@ def finds_notes(file, windows, *passes, browser_name="Chrome", target=NOTES_AT_1
                 foreground="work", faults=(), top=None, titles=None, start=..., windows_at_end=None):
     """A search for Gemini that ends at an inactive tab of this title."""
     activation = Activation("Gemini")
-    activation.discover(*passes, top_level=top or top_level(windows)).choose(browser_name, target)
+    front = start if isinstance(start, str) else None
+    activation.discover(*passes, desktop=windows, top_level=top, front=front).choose(browser_name, target)
     activation.select(live_tabs, INDEX_AND_TITLE, target.index).settle().finish()
     return case(file, windows, activation, provider_arguments("Gemini"), selected=selected, selections=1,
                 foreground=foreground, faults=faults, titles=titles, start=start, windows_at_end=windows_at_end)
@@ -26,7 +27,7 @@ def finds_notes(file, windows, *passes, browser_name="Chrome", target=NOTES_AT_1
 
 def finds_nothing(file, name, windows, *passes, selected, faults=(), top=None, titles=None, calls=None):
     activation = Activation(name)
-    activation.discover(*passes, top_level=top_level(windows) if top is None else top).no_session()
+    activation.discover(*passes, desktop=windows, top_level=top).no_session()
     return case(file, windows, activation, provider_arguments(name), selected=selected, selections=0, faults=faults,
                 titles=titles, calls=calls)
 
@@ -84,7 +85,7 @@ def title_marks():
     plan = seen(1, "Plan", "selected domain", url=CLAUDE_URL, score=320)
     target = seen(2, "Plan - Claude", "selected domain anchoredTitle rawTitle", url=CLAUDE_URL, score=520)
     activation = Activation("Claude")
-    activation.discover([window("Edge", seen(0, WEATHER_TITLE), plan, target)], top_level=top_level(windows))
+    activation.discover([window("Edge", seen(0, WEATHER_TITLE), plan, target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().claude_identity(passes=True).finish()
     yield case("claude-title-within-the-windows-title-marks-a-second-tab", windows, activation,
                provider_arguments("Claude"), selected={"home": 2}, selections=0, foreground="home")
@@ -92,18 +93,17 @@ def title_marks():
     windows = desk(reading(ramen_tab(), claude_tab("Plan - Claude", selection="none"), selected=1))
     target = seen(1, "Plan - Claude", "selected domain anchoredTitle rawTitle", url=CLAUDE_URL, score=520)
     activation = Activation("Claude")
-    activation.discover([window("Firefox", seen(0, RAMEN_TITLE), target)], top_level=top_level(windows))
+    activation.discover([window("Firefox", seen(0, RAMEN_TITLE), target)], desktop=windows)
     activation.choose("Firefox", target).already_selected().settle().claude_identity(passes=True).finish()
     yield case("claude-tab-that-reports-no-selection-is-known-by-the-windows-title", windows, activation,
                provider_arguments("Claude"), selected={"reading": 1}, selections=0, foreground="reading")
 
     # "ChatGPT" lies within "Trip - ChatGPT": both are in front, so neither stands on its title.
-    windows = desk(work(chatgpt_tab("ChatGPT"), chatgpt_tab("Trip - ChatGPT"), selected=1))
-    first = seen(0, "ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle", url=CHATGPT_URL, score=800)
-    second = seen(1, "Trip - ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle", url=CHATGPT_URL,
-                  score=800)
+    windows = desk(work(chatgpt_tab("ChatGPT"), chatgpt_tab("Trip - ChatGPT"), selected=1, addressBar=None))
+    first = seen(0, "ChatGPT", "selected anchoredTitle verifiedContent rawTitle", score=500)
+    second = seen(1, "Trip - ChatGPT", "selected anchoredTitle verifiedContent rawTitle", score=500)
     activation = Activation("ChatGPT")
-    activation.discover([window("Chrome", first, second, proves_composer=True)], top_level=top_level(windows))
+    activation.discover([window("Chrome", first, second, proves_composer=True)], desktop=windows)
     activation.choose("Chrome", first).already_selected().settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
     yield case("chatgpt-first-of-two-tabs-marked-by-the-windows-title-is-the-target", windows, activation,
@@ -118,7 +118,7 @@ def tabs_within_the_page():
     target = seen(2, NOTES, "anchoredTitle rawTitle", score=200)
     activation = Activation("Gemini")
     activation.discover([window("Chrome", seen(0, MAIL_TITLE), seen(1, REPORT_TITLE, "selected"), target,
-                                seen(3, "Source")), QUIET_HOME], top_level=top_level(windows))
+                                seen(3, "Source")), QUIET_HOME], desktop=windows)
     activation.choose("Chrome", target)
     activation.attempt(1, "0x80004002", live((MAIL_TITLE,), (REPORT_TITLE, "S"), (NOTES, "IT"), ("Source",)),
                        INDEX_AND_TITLE, 2).selection_failed("0x80004002").finish_blocked()
@@ -130,7 +130,7 @@ def addresses():
     windows = desk(home(tab("Talking to Claude", CLAUDE_URL), weather_tab(), addressBar=None))
     target = seen(0, "Talking to Claude", "selected rawTitle", score=80)
     activation = Activation("Claude")
-    activation.discover([window("Edge", target, seen(1, WEATHER_TITLE))], top_level=top_level(windows))
+    activation.discover([window("Edge", target, seen(1, WEATHER_TITLE))], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().claude_identity(passes=False).finish_blocked()
     yield case("claude-window-without-an-address-bar-lists-its-tabs", windows, activation,
                provider_arguments("Claude"), selected={"home": 0}, selections=0)
@@ -140,7 +140,7 @@ def addresses():
     windows = desk(home(gemini_tab(), addressBar=bar))
     target = seen(0, NOTES, "selected domain anchoredTitle rawTitle", url=GEMINI_URL, score=520)
     activation = Activation("Gemini")
-    activation.discover([window("Edge", target)], top_level=top_level(windows))
+    activation.discover([window("Edge", target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().finish()
     yield case("gemini-nameless-field-is-an-address-bar-by-its-place", windows, activation,
                provider_arguments("Gemini"), selected={"home": 0}, selections=0, foreground="home")
@@ -158,7 +158,7 @@ def addresses():
     windows = desk(home(gemini_tab("Lisbon"), addressBar=bar))
     target = seen(0, "Lisbon", "selected domain", url=GEMINI_URL, score=320)
     activation = Activation("Gemini")
-    activation.discover([window("Edge", target)], top_level=top_level(windows))
+    activation.discover([window("Edge", target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().finish()
     yield case("gemini-address-field-with-empty-texts-is-passed-over", windows, activation,
                provider_arguments("Gemini"), selected={"home": 0}, selections=0, foreground="home")
@@ -175,7 +175,7 @@ def long_titles():
     activation = Activation("Claude")
     activation.discover([window("Edge", weather, target),
                          window("Chrome", SEEN_MAIL, seen(1, cjk, "rawTitle", score=60))],
-                        top_level=top_level(windows))
+                        desktop=windows)
     activation.choose("Edge", target)
     activation.select(live((WEATHER_TITLE, "S"), (long, "IT")), INDEX_AND_TITLE, 1).settle()
     activation.claude_identity(passes=True).finish()
@@ -187,7 +187,7 @@ def long_titles():
         windows = desk(work(mail_tab(), tab(exact, CLAUDE_URL)))
         target = seen(1, exact, "rawTitle", score=60)
         activation = Activation("Claude")
-        activation.discover([window("Chrome", SEEN_MAIL, target)], top_level=top_level(windows))
+        activation.discover([window("Chrome", SEEN_MAIL, target)], desktop=windows)
         activation.choose("Chrome", target)
         activation.select(live((MAIL_TITLE, "S"), (exact, "IT")), INDEX_AND_TITLE, 1).settle()
         activation.claude_identity(passes=True).finish()
@@ -218,17 +218,17 @@ def retries():
 
 
 def scans():
-    """Four searches in each window for ChatGPT, and three behind the selection; nothing is cached or read twice."""
-    windows = desk(work(chatgpt_tab()), quiet_home())
-    target = seen(0, "Trip to Lisbon - ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle",
-                  url=CHATGPT_URL, score=800)
+    """Four searches in each window for ChatGPT, the same for the page that is selected already, and three behind the
+    selection; nothing is cached or read twice."""
+    windows = desk(work(chatgpt_tab(), addressBar=None), quiet_home())
+    target = seen(0, "Trip to Lisbon - ChatGPT", "selected anchoredTitle verifiedContent rawTitle", score=500)
     activation = Activation("ChatGPT")
-    activation.discover([window("Chrome", target, proves_composer=True), QUIET_HOME], top_level=top_level(windows))
+    activation.discover([window("Chrome", target, proves_composer=True), QUIET_HOME], desktop=windows)
     activation.choose("Chrome", target).already_selected().settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
     yield case("chatgpt-search-scans-each-window-four-times", windows, activation, provider_arguments("ChatGPT"),
                selected={"work": 0, "home": 0}, selections=0, foreground="work", looks=False,
-               calls={"IUIAutomationElement::FindAll": 2 * 4 + 3, "EnumWindows": 1})
+               calls={"IUIAutomationElement::FindAll": 2 * 2 * 4 + 3, "EnumWindows": 2})
 
     windows = desk(work(mail_tab()), quiet_home())
     passes = [[window("Chrome", SEEN_MAIL), QUIET_HOME]] * 3

@@ -2,8 +2,8 @@
 from .activation import (AFTER_RESTORE_MS, AFTER_SELECTION_MS, BEFORE_CHATGPT_IDENTITY_MS, BEFORE_FOREGROUND_MS,
                          BRING_FORWARD_MS, CONFIRMED, FIRST_FOLLOW_UP_MS, FORCE_PASS_MS, NOT_CONFIRMED, REQUESTED,
                          SECOND_FOLLOW_UP_MS, Activation)
-from .activation_cases import (CHATGPT_URL, CLAUDE_URL, MAIL_TITLE, case, chatgpt_tab, claude_tab, desk, mail_tab,
-                               provider_arguments, top_level, work)
+from .activation_cases import (CLAUDE_URL, MAIL_TITLE, case, chatgpt_tab, claude_tab, desk, mail_tab,
+                               provider_arguments, work)
 from .activation_tabs import seen, window
 from .core import ALWAYS, at, bring_up, close_window, fault, user, wait
 
@@ -20,15 +20,17 @@ def run(file, name, *, foreground=CONFIRMED, takes_ms=None, asked, end="work", r
     """The target stands in front of its window; `asked` is how often the window is asked to come forward."""
     make_tab = chatgpt_tab if name == "ChatGPT" else claude_tab
     title = f"Trip to Lisbon - {name}"
-    windows = desk(work(mail_tab(), make_tab(title), selected=1, rules=rules, **facts))
     if name == "ChatGPT":
-        marks, url, score = "selected domain anchoredTitle verifiedContent rawTitle", CHATGPT_URL, 800
+        # Without an address it is the full discovery that finds it.
+        facts |= {"addressBar": None}
+        marks, url, score = "selected anchoredTitle verifiedContent rawTitle", "", 500
     else:
         marks, url, score = "selected domain anchoredTitle rawTitle", CLAUDE_URL, 520
+    windows = desk(work(mail_tab(), make_tab(title), selected=1, rules=rules, **facts))
     target = seen(1, title, marks, url=url, score=score)
     activation = Activation(name)
     activation.discover([window("Chrome", seen(0, MAIL_TITLE), target, proves_composer=name == "ChatGPT")],
-                        top_level=top_level(windows))
+                        desktop=windows, front=start if isinstance(start, str) else None)
     activation.choose("Chrome", target).already_selected().settle()
     if name == "ChatGPT":
         activation.chatgpt_identity(passes=True, composer=True)

@@ -2,7 +2,7 @@
 from .activation import Activation
 from .activation_cases import (CHATGPT_URL, CLAUDE_URL, GEMINI_URL, MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, case,
                                chatgpt_page, claude_page, claude_tab, desk, gemini_tab, home, mail_tab,
-                               provider_arguments, report_tab, top_level, weather_tab, work)
+                               provider_arguments, report_tab, weather_tab, work)
 from .activation_tabs import INDEX_AND_TITLE, INDEX_FALLBACK, INDEX_LOST, UNIQUE_TITLE, live, seen, window
 from .core import ALWAYS, E_FAIL, at, close_window, fault, tab
 
@@ -29,7 +29,7 @@ class Search:
         """The activation once the target is selected and has settled."""
         self.activation = Activation(self.name)
         self.activation.discover([window("Chrome", self.before, self.target, *others)],
-                                 top_level=top_level(self.windows))
+                                 desktop=self.windows)
         self.activation.choose("Chrome", self.target)
         strip = [(self.before.title, before), (self.title, "IT"), *((one.title,) for one in others)]
         return self.activation.select(live(*strip), self.reason, 1).settle()
@@ -74,7 +74,7 @@ def company_page_in_front():
     target = seen(1, "Google Gemini", "selected domain anchoredTitle rawTitle", url=GEMINI_URL, score=520)
     windows = desk(home(weather_tab(), gemini_tab("Google Gemini", rules=leaves), selected=1))
     activation = Activation("Gemini")
-    activation.discover([window("Edge", seen(0, "Weather for the weekend"), target)], top_level=top_level(windows))
+    activation.discover([window("Edge", seen(0, "Weather for the weekend"), target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().company_homepage().finish_blocked()
     yield case("gemini-page-in-front-that-becomes-a-company-page-has-no-way-back", windows, activation,
                provider_arguments("Gemini"), selected={"home": 1}, selections=0)
@@ -85,7 +85,7 @@ def company_page_in_front():
     target = seen(1, notes, "selected domain anchoredTitle rawTitle", url=GEMINI_URL, score=520)
     windows = desk(home(tab("Gemini", "https://gemini.example"), gemini_tab(notes, rules=leaves), selected=1))
     activation = Activation("Gemini")
-    activation.discover([window("Edge", short, target)], top_level=top_level(windows))
+    activation.discover([window("Edge", short, target)], desktop=windows)
     activation.choose("Edge", short).already_selected().settle().company_homepage()
     activation.restore(COMPANY, target, live(("Gemini",), (notes, "SIT")), INDEX_AND_TITLE, 1).finish_blocked()
     yield case("gemini-window-whose-title-marks-two-tabs-goes-back-to-the-other", windows, activation,
@@ -120,7 +120,7 @@ def restorations():
         windows = desk(work(*strip, selected=2, rules=rules))
         target = seen(1, "Google Gemini", "anchoredTitle rawTitle", score=200)
         activation = Activation("Gemini")
-        activation.discover([window("Chrome", seen(0, REPORT_TITLE), target, last)], top_level=top_level(windows))
+        activation.discover([window("Chrome", seen(0, REPORT_TITLE), target, last)], desktop=windows)
         activation.choose("Chrome", target)
         activation.select(live((REPORT_TITLE,), ("Google Gemini", "IT"), ("Mail", "S")), INDEX_AND_TITLE, 1)
         activation.settle().company_homepage()
@@ -174,12 +174,12 @@ def chatgpt():
     search.restored(CHATGPT)
     yield search.blocked("chatgpt-page-that-loads-after-the-pause-is-not-proven")
 
-    # Roots of the window: discovery, the attempt, the safeguard, the identity, and then the restoration.
+    # Roots of the window: the selected page, discovery, the attempt, the safeguard, and then the identity.
     search = Search("ChatGPT", CHATGPT_URL, page=page)
     search.selected().chatgpt_identity(passes=False, composer=False)
     search.restored(CHATGPT)
     yield search.blocked("chatgpt-window-without-a-root-at-the-last-look-is-not-proven",
-                         faults=[fault("IUIAutomation::ElementFromHandle", E_FAIL, 4, window="work")])
+                         faults=[fault("IUIAutomation::ElementFromHandle", E_FAIL, 5, window="work")])
 
     search = Search("ChatGPT", "", rules=[at(250, close_window("work"))])
     search.selected().chatgpt_identity(passes=False, composer=False).restore(CHATGPT, SEEN_MAIL)
@@ -210,7 +210,7 @@ def claude_in_front():
     windows = desk(home(weather_tab(), claude_tab("Claude", url, rules=leaves), selected=1))
     target = seen(1, "Claude", "selected domain anchoredTitle rawTitle", url=url, score=520)
     activation = Activation("Claude")
-    activation.discover([window("Edge", seen(0, "Weather for the weekend"), target)], top_level=top_level(windows))
+    activation.discover([window("Edge", seen(0, "Weather for the weekend"), target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().claude_identity(passes=False).finish_blocked()
     yield case("claude-page-in-front-that-becomes-unusable-has-no-way-back", windows, activation,
                provider_arguments("Claude"), selected={"home": 1}, selections=0)

@@ -5,11 +5,11 @@ set off by the search itself: the page in front shows a tab item of its own, whi
 """
 from .activation import Activation
 from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, WEATHER_TITLE, case, chatgpt_tab,
-                               desk, gemini_page, mail_tab, provider_arguments, quiet_home, report_tab, top_level,
+                               desk, gemini_page, mail_tab, provider_arguments, quiet_home, report_tab,
                                weather_tab, work)
 from .activation_tabs import (E_INVALIDARG, INDEX_AND_TITLE, INDEX_FALLBACK, INDEX_LOST, STRICT_TITLE_LOST, S_OK,
                               UIA_E_ELEMENTNOTAVAILABLE, UNIQUE_TITLE, live, remembered_steps, seen, window)
-from .core import at, close_window, element, fault, on_read, remove, tab
+from .core import add, at, close_window, edit, element, fault, on_read, remove, tab
 
 SELECT = "IUIAutomationSelectionItemPattern::Select"
 NOTES = "Notes - Google Gemini"
@@ -41,7 +41,15 @@ class Strip:
 
     def __init__(self, *tabs, actions, name="Gemini", memory=None):
         rules = [on_read("preview", *actions, times=1)]
+        if name == "ChatGPT":
+            # All is read once before the inventory, for the page that is selected already; so the tab item that sets
+            # off the actions takes the place of the first one meanwhile.
+            late = element("tabItem", "late", PREVIEW, (300, 200, 500, 240))
+            rules = [on_read("preview", add(edit("armed", "Armed", (0, 0, 0, 0))), times=1),
+                     on_read("armed", remove("armed"), remove("preview"), add(late), times=1),
+                     on_read("late", *actions, times=1)]
         self.name, self.memory = name, memory or {}
+        self.preview_goes = any(one in actions for one in (remove("preview"), close_tab(MAIL_TITLE)))
         self.windows = desk(work(mail_with_preview(), *tabs, rules=rules), quiet_home())
 
     def begin(self, target, *others):
@@ -49,8 +57,10 @@ class Strip:
         tabs = sorted([SEEN_MAIL, target, *others], key=lambda one: one.index)
         self.activation = Activation(self.name)
         steps = MEMORY_STEPS if self.memory else ()
-        self.activation.discover([window("Chrome", *tabs, seen(len(tabs), PREVIEW)), QUIET_HOME],
-                                 top_level=top_level(self.windows), remembered=steps)
+        # A tab item that goes while it is read has no place any more.
+        bounds = {len(tabs): "<unavailable>"} if self.preview_goes else {}
+        self.activation.discover([window("Chrome", *tabs, seen(len(tabs), PREVIEW), bounds=bounds), QUIET_HOME],
+                                 desktop=self.windows, remembered=steps)
         return self.activation.choose("Chrome", target)
 
     def selects(self, file, live_tabs, reason, place, titles, selected):
@@ -186,7 +196,7 @@ def blank_title():
     windows = desk(work(tab("Mail"), tab("  ")))
     target = seen(1, "  ", "rawTitle", score=60)
     activation = Activation("  ")
-    activation.discover([window("Chrome", seen(0, "Mail", "selected"), target)], top_level=top_level(windows))
+    activation.discover([window("Chrome", seen(0, "Mail", "selected"), target)], desktop=windows)
     activation.choose("Chrome", target)
     activation.select(live(("Mail", "S"), ("  ", "I")), INDEX_AND_TITLE, 1).settle().finish()
     yield case("blank-name-finds-a-blank-title-by-its-index", windows, activation, provider_arguments("  "),
@@ -202,7 +212,7 @@ def between_attempts():
         windows = desk(work(mail_tab(), report_tab(), notes_tab(), rules=rules), quiet_home())
         activation = Activation("Gemini")
         activation.discover([window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE), notes_at(2)), QUIET_HOME],
-                            top_level=top_level(windows))
+                            desktop=windows)
         return windows, activation.choose("Chrome", notes_at(2))
 
     windows, activation = begin(at(60, close_tab(REPORT_TITLE)))
@@ -230,7 +240,7 @@ def closed_at_once():
     closing = quiet_home() | {"rules": [on_read("addressBar", close_window("work"), times=1)]}
     windows = desk(work(mail_tab(), notes_tab()), closing)
     activation = Activation("Gemini")
-    activation.discover([window("Chrome", SEEN_MAIL, notes_at(1)), QUIET_HOME], top_level=top_level(windows))
+    activation.discover([window("Chrome", SEEN_MAIL, notes_at(1)), QUIET_HOME], desktop=windows)
     activation.choose("Chrome", notes_at(1)).attempt(1, E_INVALIDARG).selection_failed(E_INVALIDARG).finish_blocked()
     yield case("gemini-window-that-closed-behind-its-inventory", windows, activation, provider_arguments("Gemini"),
                selected={"home": 0}, selections=0)

@@ -3,7 +3,7 @@ from .activation import Activation
 from .activation_cases import (CHATGPT_URL, CLAUDE_SEES_RAMEN, CLAUDE_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE,
                                SEEN_MAIL, SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_page, chatgpt_tab,
                                claude_tab, desk, gemini_tab, home, mail_tab, perplexity_page, provider_arguments,
-                               quiet_home, quiet_reading, ramen_tab, reading, report_tab, top_level, weather_tab,
+                               quiet_home, quiet_reading, ramen_tab, reading, report_tab, weather_tab,
                                work)
 from .activation_tabs import INDEX_AND_TITLE, UNIQUE_TITLE, live, seen, window
 from .core import browser, on_select, tab
@@ -13,19 +13,20 @@ QUIET_READING = window("Firefox", SEEN_RAMEN)
 
 
 def chatgpt_selected():
-    windows = desk(work(mail_tab(), chatgpt_tab(automationId="view_1042"), report_tab(), selected=1), quiet_home(),
-                   quiet_reading())
+    """The window is hidden, so its page doesn't stand in front already."""
+    windows = desk(work(mail_tab(), chatgpt_tab(automationId="view_1042"), report_tab(), selected=1, visible=False),
+                   quiet_home(), quiet_reading())
     target = seen(1, "Trip to Lisbon - ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle",
                   url=CHATGPT_URL, id="view_1042", score=800)
     activation = Activation("ChatGPT")
     activation.discover(
         [window("Chrome", seen(0, MAIL_TITLE), target, seen(2, REPORT_TITLE), proves_composer=True), QUIET_HOME,
-         QUIET_READING], top_level=top_level(windows))
+         QUIET_READING], desktop=windows)
     activation.choose("Chrome", target).already_selected().settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
     yield case("chatgpt-selected-tab-is-proven-by-address-and-composer", windows, activation,
                provider_arguments("ChatGPT"), selected={"work": 1, "home": 0, "reading": 0}, selections=0,
-               foreground="work", values={"work/composer": ""})
+               foreground="work", values={"work/composer": ""}, windows_at_end={"work": {"visible": True}})
 
 
 def chatgpt_sleeping():
@@ -36,7 +37,7 @@ def chatgpt_sleeping():
     activation = Activation("ChatGPT")
     activation.discover(
         [window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE)), window("Edge", SEEN_QUIET_HOME[0], target), QUIET_READING],
-        top_level=top_level(windows))
+        desktop=windows)
     activation.choose("Edge", target)
     activation.select(live((WEATHER_TITLE, "S"), (sleeping, "IT")), UNIQUE_TITLE, 1).settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
@@ -51,7 +52,7 @@ def claude_selected():
     activation = Activation("Claude")
     activation.discover(
         [window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE)), window("Edge", seen(0, WEATHER_TITLE), target),
-         window("Firefox", CLAUDE_SEES_RAMEN)], top_level=top_level(windows))
+         window("Firefox", CLAUDE_SEES_RAMEN)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().claude_identity(passes=True).finish()
     yield case("claude-selected-chat-page-is-brought-to-the-front", windows, activation, provider_arguments("Claude"),
                selected={"work": 0, "home": 1, "reading": 0}, selections=0, foreground="home")
@@ -64,7 +65,7 @@ def gemini_inactive():
     activation = Activation("Gemini")
     activation.discover(
         [window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE)), QUIET_HOME,
-         window("Firefox", SEEN_RAMEN, seen(1, "(2) Cup final - Sports"), target)], top_level=top_level(windows))
+         window("Firefox", SEEN_RAMEN, seen(1, "(2) Cup final - Sports"), target)], desktop=windows)
     activation.choose("Firefox", target)
     activation.select(
         live((RAMEN_TITLE, "S"), ("(2) Cup final - Sports",), ("Notes - Google Gemini", "ITA", "tab-7")),
@@ -79,7 +80,7 @@ def raw_title(file, name, title, address, page=()):
     windows = desk(work(mail_tab(), tab(title, address, page)), quiet_home())
     target = seen(1, title, "rawTitle", score=60)
     activation = Activation(name)
-    activation.discover([window("Chrome", SEEN_MAIL, target), QUIET_HOME], top_level=top_level(windows))
+    activation.discover([window("Chrome", SEEN_MAIL, target), QUIET_HOME], desktop=windows)
     activation.choose("Chrome", target)
     activation.select(live((MAIL_TITLE, "S"), (title, "IT")), INDEX_AND_TITLE, 1).settle().finish()
     return case(file, windows, activation, provider_arguments(name), selected={"work": 1, "home": 0}, selections=1,
@@ -99,7 +100,7 @@ def perplexity_anchored():
     windows = desk(work(mail_tab(), tab("Perplexity", "perplexity.ai")))
     target = seen(1, "Perplexity", "anchoredTitle rawTitle", score=200)
     activation = Activation("Perplexity")
-    activation.discover([window("Chrome", SEEN_MAIL, target)], top_level=top_level(windows))
+    activation.discover([window("Chrome", SEEN_MAIL, target)], desktop=windows)
     activation.choose("Chrome", target)
     activation.select(live((MAIL_TITLE, "S"), ("Perplexity", "IT")), INDEX_AND_TITLE, 1).settle().finish()
     yield case("perplexity-title-equal-to-the-name-is-anchored", windows, activation, provider_arguments("Perplexity"),
@@ -111,7 +112,7 @@ def by_address(file, name, process, shown, title, address):
     windows = desk(browser("chat", process, [ramen_tab(), tab(title, address)], 1), quiet_home())
     target = seen(1, title, "selected domain rawTitle", url=address, score=380)
     activation = Activation(name)
-    activation.discover([window(shown, seen(0, RAMEN_TITLE), target), QUIET_HOME], top_level=top_level(windows))
+    activation.discover([window(shown, seen(0, RAMEN_TITLE), target), QUIET_HOME], desktop=windows)
     activation.choose(shown, target).already_selected().settle().finish()
     return case(file, windows, activation, provider_arguments(name), selected={"chat": 1, "home": 0}, selections=0,
                 foreground="chat")
@@ -132,7 +133,7 @@ def grok_elsewhere():
     windows = desk(work(mail_tab()), home(tab("Grok news / X", address)))
     target = seen(0, "Grok news / X", "selected rawTitle", url=address, score=80)
     activation = Activation("Grok")
-    activation.discover([window("Chrome", SEEN_MAIL), window("Edge", target)], top_level=top_level(windows))
+    activation.discover([window("Chrome", SEEN_MAIL), window("Edge", target)], desktop=windows)
     activation.choose("Edge", target).already_selected().settle().finish()
     yield case("grok-second-host-without-the-path-proves-nothing-beyond-the-title", windows, activation,
                provider_arguments("Grok"), selected={"work": 0, "home": 0}, selections=0, foreground="home")
@@ -143,7 +144,7 @@ def equal_windows():
     upper = seen(1, "ChatGPT", "anchoredTitle strictTitle rawTitle", score=450)
     activation = Activation("ChatGPT")
     activation.discover([window("Chrome", SEEN_MAIL, upper), window("Edge", SEEN_QUIET_HOME[0], upper)],
-                        top_level=top_level(windows))
+                        desktop=windows)
     activation.choose("Chrome", upper)
     activation.select(live((MAIL_TITLE, "S"), ("ChatGPT", "IT")), UNIQUE_TITLE, 1).settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
@@ -152,16 +153,18 @@ def equal_windows():
 
 
 def proven_below():
-    """Without proof 450, with the address alone 520, with the composer too 800: the proven window lies lowest."""
-    below = browser("spare", "brave.exe", [tab("ChatGPT", "https://chatgpt.com/", chatgpt_page())])
-    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT")), home(tab("ChatGPT", "https://chatgpt.com/")), below)
+    """Without proof 450, with the address alone 520, with the composer too 800: the proven window lies lowest.
+    Both pages with an address are hidden, so that neither stands in front already."""
+    below = browser("spare", "brave.exe", [tab("ChatGPT", "https://chatgpt.com/", chatgpt_page())], visible=False)
+    loading_window = home(tab("ChatGPT", "https://chatgpt.com/"), visible=False)
+    windows = desk(work(mail_tab(), chatgpt_tab("ChatGPT")), loading_window, below)
     inactive = seen(1, "ChatGPT", "anchoredTitle strictTitle rawTitle", score=450)
     loading = seen(0, "ChatGPT", "selected domain anchoredTitle rawTitle", url="https://chatgpt.com/", score=520)
     proven = seen(0, "ChatGPT", "selected domain anchoredTitle verifiedContent rawTitle", url="https://chatgpt.com/",
                   score=800)
     activation = Activation("ChatGPT")
     activation.discover([window("Chrome", SEEN_MAIL, inactive), window("Edge", loading),
-                         window("Brave", proven, proves_composer=True)], top_level=top_level(windows))
+                         window("Brave", proven, proves_composer=True)], desktop=windows)
     activation.choose("Brave", proven).already_selected().settle()
     activation.chatgpt_identity(passes=True, composer=True).finish()
     yield case("chatgpt-proven-tab-outranks-tabs-of-upper-windows", windows, activation, provider_arguments("ChatGPT"),

@@ -1,11 +1,12 @@
 """What the interface remembers of an earlier activation, and how far it leads."""
 from .activation import Activation
 from .activation_cases import (MAIL_TITLE, SEEN_MAIL, WEATHER_TITLE, WEATHER_URL, case, chatgpt_page, chatgpt_tab,
-                               claude_tab, desk, gemini_tab, home, mail_tab, new_tab, provider_arguments, top_level,
+                               claude_tab, desk, gemini_tab, home, mail_tab, new_tab, provider_arguments,
                                weather_tab, work)
+from .activation_routes import BROWSER_CHANGED, NOT_RESOLVED, NO_TABS_READ, REMEMBERED_INDEX_AND_TITLE
 from .activation_tabs import (INDEX_AND_TITLE, REJECT_NON_CHAT_CLAUDE_PAGE, UNIQUE_TITLE, live, remembered_steps,
                               seen, window)
-from .core import tab
+from .core import E_FAIL, fault, tab
 from .scenarios_activation_decisions import found_inactive, found_selected, not_found
 
 WORK_HANDLE = {"$windowText": "work"}
@@ -16,6 +17,23 @@ def at_position(index, **more):
     return {"rememberedBrowser": "Chrome", "rememberedWindowHandle": WORK_HANDLE, "rememberedTabIndex": index, **more}
 
 
+def tabs_unread(warm):
+    """The remembered window can't be read at first, so that the search comes to it by the way of the discovery."""
+    warm.warm_missed(NO_TABS_READ)
+
+
+def unread(nth):
+    return {"warm": tabs_unread, "faults": [fault("IUIAutomation::ElementFromHandle", E_FAIL, nth, window="work")]}
+
+
+def missed_for(reason):
+    return {"warm": lambda activation: activation.warm_missed(reason)}
+
+
+def unresolved(tabs):
+    return {"warm": lambda activation: activation.warm_inspected("Chrome", tabs, NOT_RESOLVED)}
+
+
 def position():
     title = "Trip to Lisbon"
     windows = desk(work(mail_tab(), chatgpt_tab(title)))
@@ -24,10 +42,10 @@ def position():
     chosen = live((MAIL_TITLE, "S"), (title, "IT"))
     yield found_inactive("chatgpt-remembered-position-is-enough-for-a-tab-that-names-nobody", "ChatGPT", windows, found,
                          "Chrome", target, chosen, INDEX_AND_TITLE, composer=True, foreground="work",
-                         selected={"work": 1}, **at_position("1"))
+                         selected={"work": 1}, **at_position("1"), **unread(2))
     yield found_inactive("chatgpt-remembered-position-reads-the-digits-in-front-of-other-signs", "ChatGPT", windows,
                          found, "Chrome", target, chosen, INDEX_AND_TITLE, composer=True, foreground="work",
-                         selected={"work": 1}, **at_position(" 1st tab", rememberedBrowser="cHROME"))
+                         selected={"work": 1}, **at_position(" 1st tab", rememberedBrowser="cHROME"), **unread(2))
 
     # The position counts beside the anchored title, and outranks the same title in front of it.
     windows = desk(work(mail_tab(), chatgpt_tab("Trip - ChatGPT"), chatgpt_tab("Menu - ChatGPT")))
@@ -36,15 +54,14 @@ def position():
     yield found_inactive("chatgpt-remembered-position-adds-to-the-anchored-title", "ChatGPT", windows,
                          [window("Chrome", SEEN_MAIL, first, target)], "Chrome", target,
                          live((MAIL_TITLE, "S"), ("Trip - ChatGPT",), ("Menu - ChatGPT", "IT")), UNIQUE_TITLE,
-                         composer=True, foreground="work", selected={"work": 2}, **at_position("2"))
+                         composer=True, foreground="work", selected={"work": 2}, **at_position("2"), **unread(2))
 
     # A text without digits is 0: the tab in front of the window, which has its own proof to show.
-    windows = desk(work(chatgpt_tab("Lisbon"), mail_tab()))
-    target = seen(0, "Lisbon", "selected domain verifiedContent rememberedPosition", url="chatgpt.com/c/6821-7f",
-                  score=920)
+    windows = desk(work(chatgpt_tab("Lisbon"), mail_tab(), addressBar=None))
+    target = seen(0, "Lisbon", "selected verifiedContent rememberedPosition", score=620)
     yield found_selected("chatgpt-remembered-index-without-digits-is-the-first-tab", "ChatGPT", windows,
                          [window("Chrome", target, seen(1, MAIL_TITLE), proves_composer=True)], "Chrome", target,
-                         composer=True, foreground="work", selected={"work": 0}, **at_position("last"))
+                         composer=True, foreground="work", selected={"work": 0}, **at_position("last"), **unread(2))
 
 
 def position_refused():
@@ -52,29 +69,33 @@ def position_refused():
     windows = desk(work(mail_tab(), chatgpt_tab(title)))
     found = [window("Chrome", SEEN_MAIL, seen(1, title))]
 
-    def missed(file, **remembered):
-        return not_found(f"chatgpt-{file}", "ChatGPT", windows, found, **at_position("1") | remembered)
+    def missed(file, warm=None, **remembered):
+        return not_found(f"chatgpt-{file}", "ChatGPT", windows, found, **at_position("1") | remembered,
+                         **(warm or {}))
 
-    yield missed("remembered-position-counts-only-in-the-remembered-browser", rememberedBrowser="Edge")
+    changed = missed_for(BROWSER_CHANGED)
+    yield missed("remembered-position-counts-only-in-the-remembered-browser", changed, rememberedBrowser="Edge")
     yield missed("remembered-position-needs-a-remembered-browser", rememberedBrowser="")
     yield missed("remembered-handle-as-a-number-reads-as-absent", rememberedWindowHandle={"$window": "work"})
     yield missed("remembered-handle-without-digits-is-no-window", rememberedWindowHandle="work")
-    yield missed("remembered-handle-of-another-window-is-no-position", rememberedWindowHandle={"$windowText": "editor"})
+    yield missed("remembered-handle-of-another-window-is-no-position", changed,
+                 rememberedWindowHandle={"$windowText": "editor"})
     yield missed("remembered-index-as-a-number-reads-as-absent", rememberedTabIndex=1)
     yield missed("remembered-index-that-is-empty-is-no-position", rememberedTabIndex="")
     yield missed("remembered-index-below-zero-is-no-position", rememberedTabIndex="-1")
-    yield missed("remembered-index-of-another-tab-is-no-position", rememberedTabIndex="2")
+    yield missed("remembered-index-of-another-tab-is-no-position", unresolved(2), rememberedTabIndex="2")
 
     windows = desk(work(mail_tab(), new_tab(), tab("OpenAI | Research", "https://openai.com/research")))
     for index, (word, tab_title) in enumerate((("new-tab", "New tab"), ("company", "OpenAI | Research")), 1):
         tabs = [seen(each, one, "rememberedPosition" if each == index else "")
                 for each, one in ((1, "New tab"), (2, "OpenAI | Research"))]
         yield not_found(f"chatgpt-remembered-position-that-holds-a-{word}-page-is-turned-down", "ChatGPT", windows,
-                        [window("Chrome", SEEN_MAIL, *tabs)], **at_position(str(index)))
+                        [window("Chrome", SEEN_MAIL, *tabs)], **at_position(str(index)),
+                        **(unresolved(3) if word == "new-tab" else unread(2)))
 
     windows = desk(work(mail_tab(), gemini_tab("Lisbon")))
     yield not_found("gemini-remembered-position-counts-for-chatgpt-alone", "Gemini", windows,
-                    [window("Chrome", SEEN_MAIL, seen(1, "Lisbon"))], **at_position("1"))
+                    [window("Chrome", SEEN_MAIL, seen(1, "Lisbon"))], **at_position("1"), **unread(1))
 
 
 def title():
@@ -149,23 +170,18 @@ def automation_id():
 
 
 def given_back():
-    """What one reply says of its target leads the next search to it."""
+    """What one reply says of its target leads the next search to it at once."""
     title = "Trip to Lisbon - ChatGPT"
-    windows = desk(work(mail_tab(), chatgpt_tab(title, automationId="view_9"), selected=1))
-    target = seen(1, title, "selected domain anchoredTitle verifiedContent rawTitle", url="chatgpt.com/c/6821-7f",
-                  id="view_9", score=800)
+    windows = desk(work(mail_tab(), chatgpt_tab(title, automationId="view_9"), selected=1, addressBar=None))
+    target = seen(1, title, "selected anchoredTitle verifiedContent rawTitle", id="view_9", score=500)
     first = Activation("ChatGPT")
-    first.discover([window("Chrome", seen(0, MAIL_TITLE), target, proves_composer=True)], top_level=top_level(windows))
+    first.discover([window("Chrome", seen(0, MAIL_TITLE), target, proves_composer=True)], desktop=windows)
     first.choose("Chrome", target).already_selected().settle()
     first.chatgpt_identity(passes=True, composer=True).finish()
 
-    again = seen(1, title, "selected domain remembered rememberedAutomationId rememberedPosition anchoredTitle "
-                 "verifiedContent rawTitle", url="chatgpt.com/c/6821-7f", id="view_9", score=1420)
     second = Activation("ChatGPT", start_ms=first.end_ms, search_id=2)
-    second.discover([window("Chrome", seen(0, MAIL_TITLE), again, proves_composer=True)], top_level=top_level(windows),
-                    remembered=remembered_steps(automation_id="view_9", title=title))
-    second.choose("Chrome", again).already_selected().settle()
-    second.chatgpt_identity(passes=True, composer=True).finish(takes_ms=0)
+    second.warm_inspected("Chrome", 2).warm_choice(REMEMBERED_INDEX_AND_TITLE, target).warm_already_selected()
+    second.warm_verified(True, "", composer=1).warm_ready("Chrome", takes_ms=0)
     yield case("chatgpt-reply-given-back-leads-to-the-same-tab", windows, first, provider_arguments("ChatGPT"),
                selected={"work": 1}, selections=0, foreground="work", looks=False,
                then=[(second, provider_arguments(

@@ -1,7 +1,7 @@
 """Which live tab a candidate stands for, the attempts to select it, and what becomes of them."""
 from .activation import Activation
 from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, desk, gemini_tab, mail_tab,
-                               provider_arguments, quiet_home, report_tab, top_level, work)
+                               provider_arguments, quiet_home, report_tab, work)
 from .activation_tabs import (E_NOINTERFACE, INDEX_AND_TITLE, INDEX_LOST, RPC_E_DISCONNECTED, S_OK,
                               UIA_E_ELEMENTNOTAVAILABLE, live, seen, window)
 from .core import ALWAYS, E_FAIL, fault, on_select
@@ -19,7 +19,7 @@ def notes_windows(*rules, **target_facts):
 
 def begin(windows, target=TARGET, others=(SEEN_MAIL, seen(1, REPORT_TITLE))):
     activation = Activation("Gemini")
-    activation.discover([window("Chrome", *others, target), QUIET_HOME], top_level=top_level(windows))
+    activation.discover([window("Chrome", *others, target), QUIET_HOME], desktop=windows)
     return activation.choose("Chrome", target)
 
 

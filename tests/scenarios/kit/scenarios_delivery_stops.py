@@ -3,9 +3,9 @@ happens when somebody meddles on the way there."""
 from .core import E_FAIL, ALWAYS, at, bring_up, call, change, close_window, edit, fault, on_focus, scenario
 from .delivery import Delivery, expect
 from .delivery_texts import (ADDRESS_FIELD, BEFORE_FOREGROUND_READ_MS, BOX_CHECKS, BOX_PAUSE_MS, BOX_READY_MS,
-                             EXPERIMENTAL_STOPPED, FIRST_USE_MS, FOCUS_UNKNOWN, HANDLE_DIFFERS, NO_AUTOMATION,
-                             NO_CANDIDATE, NO_CONDITION, NO_ROOT, NO_SEARCH, NO_WINDOW, NOT_LOWER_PAGE, NOT_PASTED,
-                             NOT_SELECTED, PASTE_MS, SELECT_ALL_MS, SET_FOCUS_FAILED, WRONG_WINDOW)
+                             FIRST_USE_MS, FOCUS_UNKNOWN, HANDLE_DIFFERS, NO_AUTOMATION, NO_CANDIDATE, NO_CONDITION,
+                             NO_ROOT, NO_SEARCH, NO_WINDOW, NOT_LOWER_PAGE, NOT_PASTED, NOT_SELECTED, PASTE_MS,
+                             SELECT_ALL_MS, SET_FOCUS_FAILED, WRONG_WINDOW)
 from .delivery_scenes import NOT_SENT, PROMPT, SENT, final_values, named, scene
 from .desktops import chat_browser, desk
 from .pages import (CHATGPT, CLAUDE, GEMINI, GROK, becomes_sign_in, composer_vanishes, ready_page, sign_in_elements,
@@ -154,14 +154,6 @@ def keys_not_sent():
         yield scene(stem, page, delivery, draft, faults=[fault("SendInput", inserted, nth=2)])
 
 
-def experimental():
-    """Their own route isn't there yet: nothing is typed."""
-    for stem, name in (("deepseek", "DeepSeek"), ("qwen", "Qwen"), ("doubao", "doubao"),
-                       ("doubao-by-its-own-name", "豆包"), ("qwen-by-its-own-name", "通义千问")):
-        delivery = Delivery(name).foreground().dispatch().reply(False, EXPERIMENTAL_STOPPED)
-        yield scene(stem + "-types-nothing-and-says-experimental", working_page(GROK), delivery, "", name=name)
-
-
 def meddling():
     first_wait_ms = BEFORE_FOREGROUND_READ_MS + FIRST_USE_MS // 2
     yield no_composer("user-who-turns-to-another-window-stops-it", CLAUDE, FOCUS_UNKNOWN,
@@ -195,5 +187,5 @@ def meddling():
 
 
 def scenarios():
-    for group in (wrong_windows, title_verdicts, no_composers, late_composers, keys_not_sent, experimental, meddling):
+    for group in (wrong_windows, title_verdicts, no_composers, late_composers, keys_not_sent, meddling):
         yield from group()

@@ -2,11 +2,12 @@
 
 They work with any text on the clipboard, so nothing in what they expect holds it.
 """
+from .best_effort import BestEffort
 from .core import NOTHING_HELD, browser, call, scenario, wait
 from .delivery import Delivery
 from .delivery_texts import perplexity_verified
 from .desktops import editor, mail, mail_tab, news_tab, second_browser, sleeping_tab, terminal, video_tab
-from .pages import CHATGPT, CLAUDE, GEMINI, GROK, PERPLEXITY, working_page
+from .pages import CHATGPT, CLAUDE, DEEPSEEK, DOUBAO, GEMINI, GROK, PERPLEXITY, QWEN, working_page
 
 PROMPT = "Which three questions should I ask before I sign a lease?"
 ANSWER_MS = 12000
@@ -29,10 +30,11 @@ def reply(as_, method, value):
     return {"as": as_, "method": method, "kind": "success", "value": value}
 
 
-def expected(provider, browser_name, delivery, tab_index, send):
+def expected(provider, browser_name, delivery, tab_index, send, shows_answering=True):
+    """`shows_answering`: the page's Stop control has one of the names by which an answer is seen to go on."""
     state = {"observed": True, "responding": False, "detail": "No visible AI responding control found"}
     answering = {"observed": True, "responding": True,
-                 "detail": f"PASS: AI responding control is visible: {provider.stop_name}"}
+                 "detail": f"PASS: AI responding control is visible: {provider.stop_name}"} if shows_answering else state
     found = {"success": True, "browser": browser_name, "selectedTitle": provider.title, "selectedTabIndex": tab_index}
     typed = [{key: value for key, value in event.items() if key != "ms"} for event in delivery.input]
     return {
@@ -48,11 +50,12 @@ def expected(provider, browser_name, delivery, tab_index, send):
     }
 
 
-def carry(provider, domain, patterns, windows, browser_name, tab_index, delivery, send, foreground):
+def carry(provider, domain, patterns, windows, browser_name, tab_index, delivery, send, foreground,
+          shows_answering=True):
     made = scenario(f"{provider.name}: the prompt is pasted, sent and answered", windows,
                     steps(provider, domain, patterns),
-                    expected(provider, browser_name, delivery, tab_index, send), foreground=foreground,
-                    clipboard=PROMPT)
+                    expected(provider, browser_name, delivery, tab_index, send, shows_answering),
+                    foreground=foreground, clipboard=PROMPT)
     return f"run/{provider.name.lower()}.json", made
 
 
@@ -97,6 +100,26 @@ def grok():
                  "editor")
 
 
+def deepseek():
+    chat = browser("chat", "chrome.exe", [video_tab(), working_page(DEEPSEEK, ANSWER_MS).tab(), mail_tab()], selected=2)
+    return carry(DEEPSEEK, "chat.deepseek.com", ["deepseek"], [terminal(), chat, second_browser(), editor()], "Chrome",
+                 1, BestEffort(DEEPSEEK).submitted().cleared(), 0, "terminal")
+
+
+def qwen():
+    chat = browser("chat", "msedge.exe", [working_page(QWEN, ANSWER_MS).tab(), sleeping_tab(), video_tab()], selected=0)
+    reading = browser("reading", "vivaldi.exe", [news_tab(), mail_tab()], selected=0, bounds=(300, 80, 1800, 1000))
+    return carry(QWEN, "chat.qwen.ai", ["qwen", "通义千问"], [editor(), reading, chat, mail()], "Edge", 0,
+                 BestEffort(QWEN).submitted().cleared(), 0, "editor")
+
+
+def doubao():
+    chat = browser("chat", "brave.exe", [mail_tab(), sleeping_tab(), working_page(DOUBAO, ANSWER_MS).tab()], selected=0,
+                   minimized=True)
+    return carry(DOUBAO, "doubao.com", ["豆包"], [mail(), second_browser(), terminal(), chat], "Brave", 2,
+                 BestEffort(DOUBAO).submitted().cleared(), 0, "mail", shows_answering=False)
+
+
 def scenarios():
-    for one in (chatgpt, claude, gemini, perplexity, grok):
+    for one in (chatgpt, claude, gemini, perplexity, deepseek, grok, qwen, doubao):
         yield one()

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "activation/tab_item_facts.h"
+#include "browser_channel/trace_log.h"
+#include "composer/uia_operations.h"
+
+namespace orvane {
+
+// The diagnostic dump of one browser window in one discovery pass: what it exposed, line by line,
+// as the facts are read. Nothing reads these lines back. Without a trace nothing is written, nor
+// read for it.
+class XrayDump {
+ public:
+  // `pass` and `browserOrdinal` count from 1; `trace` may be null.
+  XrayDump(TraceLog* trace, std::uint32_t pass, std::uint32_t browserOrdinal, const BrowserWindow& browser)
+      : trace_(trace), pass_(pass), browserOrdinal_(browserOrdinal), browser_(browser) {}
+
+  void writeWindow() const;
+  void writeRootFailure(HRESULT result) const;
+  void writeConditionFailure(HRESULT result) const;
+  void writeSearchFailure(HRESULT result) const;
+  void writeTabs() const;
+  void writeTabFailure(int index, HRESULT result) const;
+  void writeTab(const UiaElement& item, const TabItemFacts& facts) const;
+
+ private:
+  // "pass=…; browser#=…; hwnd=…", with which the normal lines begin.
+  std::string head() const;
+  std::string ordinalText() const;
+  std::string handleText() const;
+
+  TraceLog* trace_;
+  std::uint32_t pass_;
+  std::uint32_t browserOrdinal_;
+  const BrowserWindow& browser_;
+};
+
+}  // namespace orvane
