@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -41,16 +40,14 @@ INSTANTIATE_TEST_SUITE_P(
         NameRow{"DeepSeekWithAWordOfQwen", L"deepseek", L"Ask anything", false},
         NameRow{"DeepSeekWithItsNameAlone", L"deepseek", L"DeepSeek", false},
         NameRow{"QwenByAsk", L"qwen", L"Ask anything", true}, NameRow{"QwenByPrompt", L"qwen", L"Prompt", true},
-        NameRow{"QwenByMessage", L"qwen", L"Message", true},
-        NameRow{"QwenBySend", L"qwen", L"发送消息", true}, NameRow{"QwenByInput", L"qwen", L"输入问题", true},
-        NameRow{"QwenByQuestion", L"qwen", L"向千问提问", true},
+        NameRow{"QwenByMessage", L"qwen", L"Message", true}, NameRow{"QwenBySend", L"qwen", L"发送消息", true},
+        NameRow{"QwenByInput", L"qwen", L"输入问题", true}, NameRow{"QwenByQuestion", L"qwen", L"向千问提问", true},
         NameRow{"QwenWithAWordOfDoubao", L"qwen", L"问豆包", false},
         NameRow{"DoubaoByItsMessage", L"doubao", L"发消息", true},
         NameRow{"DoubaoBySend", L"doubao", L"发送消息", true}, NameRow{"DoubaoByInput", L"doubao", L"输入", true},
         NameRow{"DoubaoByItsQuestion", L"doubao", L"问豆包任何问题", true},
         NameRow{"DoubaoByMessage", L"doubao", L"Message", true}, NameRow{"DoubaoByAsk", L"doubao", L"Ask", true},
-        NameRow{"DoubaoByPrompt", L"doubao", L"Prompt", false},
-        NameRow{"DoubaoByQuestion", L"doubao", L"提问", false},
+        NameRow{"DoubaoByPrompt", L"doubao", L"Prompt", false}, NameRow{"DoubaoByQuestion", L"doubao", L"提问", false},
         NameRow{"Nothing", L"doubao", L"", false}, NameRow{"NoWord", L"qwen", L"Write here", false},
         NameRow{"SearchMessages", L"deepseek", L"Search messages", false},
         NameRow{"DenyWordBehindTheWord", L"deepseek", L"Message search", false},
@@ -143,9 +140,10 @@ TEST(BestEffortRoute, TakesItsTimesFromItsOwnBeginning) {
 
   EXPECT_TRUE(deliver(desktop, trace));
 
-  EXPECT_EQ(resultsOf(trace, "Experimental Delivery"),
-            (std::vector<std::string>{"OBSERVED: verified composer cleared after Enter; server receipt not independently "
-                                      "verified; elapsed=450 ms"}));
+  EXPECT_EQ(
+      resultsOf(trace, "Experimental Delivery"),
+      (std::vector<std::string>{"OBSERVED: verified composer cleared after Enter; server receipt not independently "
+                                "verified; elapsed=450 ms"}));
   EXPECT_EQ(desktop.nowMs(), 5450);
   EXPECT_EQ(desktop.keys(), (std::vector<std::string>{"down 17", "down 86", "up 86", "up 17", "down 13", "up 13"}));
 }
@@ -165,9 +163,10 @@ TEST(BestEffortRoute, AddsToATraceThatHasSteps) {
 
 TEST(BestEffortRoute, TellsNoLabelAndNoValueInItsTrace_WhereverItStops) {
   const std::string prompt = "the very prompt";
-  const std::vector<std::string> waysOut = {
-      R"([])", R"([{"call": "SendInput", "result": 0}])", R"([{"call": "SendInput", "nth": 2, "result": 0}])",
-      R"([{"call": "IUIAutomation::GetFocusedElement", "result": null}])", R"([{"call": "OpenClipboard", "result": 0}])"};
+  const std::vector<std::string> waysOut = {R"([])", R"([{"call": "SendInput", "result": 0}])",
+                                            R"([{"call": "SendInput", "nth": 2, "result": 0}])",
+                                            R"([{"call": "IUIAutomation::GetFocusedElement", "result": null}])",
+                                            R"([{"call": "OpenClipboard", "result": 0}])"};
   for (const std::string& faults : waysOut) {
     SimulatedDesktop desktop(deepSeekPage());
     desktop.world().clipboard.content.text = simulation::textFromUtf8(prompt);

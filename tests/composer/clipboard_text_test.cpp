@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <cstdint>
 #include <random>
 #include <string>
 
@@ -54,7 +53,7 @@ TEST(LineEnds, AreThoseOfAPlainReplacement_WhenTheTextIsRandom) {
   std::mt19937 random(20260301);
   for (int round = 0; round < 2000; ++round) {
     std::wstring text;
-    for (std::uint32_t units = random() % 12; units != 0; --units) {
+    for (auto units = random() % 12; units != 0; --units) {
       text.push_back(L"\r\nab"[random() % 4]);
     }
     ASSERT_EQ(normalizeLineEnds(text), replacePairs(text)) << "round " << round;
@@ -152,10 +151,9 @@ struct BlockSizeRow {
 class ReportedBlockSize : public testing::TestWithParam<BlockSizeRow> {};
 INSTANTIATE_TEST_SUITE_P(
     Each, ReportedBlockSize,
-    testing::Values(BlockSizeRow{"Nothing", 0, L""}, BlockSizeRow{"OneByte", 1, L""},
-                    BlockSizeRow{"OneUnit", 2, L"p"}, BlockSizeRow{"OneUnitAndAByte", 3, L"p"},
-                    BlockSizeRow{"WithoutTheZero", 12, L"prompt"}, BlockSizeRow{"WithTheZero", 14, L"prompt"},
-                    BlockSizeRow{"TheGreatest", 8'388'608, L"prompt"},
+    testing::Values(BlockSizeRow{"Nothing", 0, L""}, BlockSizeRow{"OneByte", 1, L""}, BlockSizeRow{"OneUnit", 2, L"p"},
+                    BlockSizeRow{"OneUnitAndAByte", 3, L"p"}, BlockSizeRow{"WithoutTheZero", 12, L"prompt"},
+                    BlockSizeRow{"WithTheZero", 14, L"prompt"}, BlockSizeRow{"TheGreatest", 8'388'608, L"prompt"},
                     BlockSizeRow{"OneByteTooMany", 8'388'609, L""}, BlockSizeRow{"OneUnitTooMany", 8'388'610, L""}),
     nameOfRow<BlockSizeRow>);
 
@@ -165,6 +163,8 @@ TEST_P(ReportedBlockSize, BoundsTheText) {
 
   EXPECT_EQ(takeClipboardText(), GetParam().text);
 
+  // A block out of bounds isn't even locked.
+  EXPECT_EQ(desktop.platformCalls("GlobalLock"), GetParam().text.empty() ? 0 : 1);
   expectClosedAndUnchanged(desktop);
 }
 

@@ -1,6 +1,7 @@
 #include "contract/contract_world.h"
 
 #include <memory>
+#include <utility>
 
 #include "windows/platform.h"
 
@@ -14,12 +15,24 @@ struct World {
   simulation::Platform platform{desktop, nullptr, {}};
 };
 
+std::unique_ptr<World>& currentWorld() {
+  static std::unique_ptr<World> world;
+  return world;
+}
+
 }  // namespace
 
 ContractTest::ContractTest() {
-  static std::unique_ptr<World> world;
-  world.reset();
-  world = std::make_unique<World>();
+  currentWorld().reset();
+  currentWorld() = std::make_unique<World>();
 }
+
+void ContractTest::leaveOnClipboard(const std::wstring& text) {
+  simulation::ClipboardContent content;
+  content.text = simulation::Text(text.begin(), text.end());
+  currentWorld()->desktop.clipboard.replace(std::move(content));
+}
+
+void ContractTest::leaveClipboardEmpty() { currentWorld()->desktop.clipboard.replace({}); }
 
 }  // namespace orvane::contract
