@@ -163,6 +163,8 @@ TEST_P(ReportedBlockSize, BoundsTheText) {
 
   EXPECT_EQ(takeClipboardText(), GetParam().text);
 
+  // A block out of bounds isn't even locked.
+  EXPECT_EQ(desktop.platformCalls("GlobalLock"), GetParam().text.empty() ? 0 : 1);
   expectClosedAndUnchanged(desktop);
 }
 

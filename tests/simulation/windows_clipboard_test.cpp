@@ -22,7 +22,6 @@ class WindowsClipboardTest : public ::testing::Test {
     return ::GetClipboardData(CF_UNICODETEXT);
   }
 
-  // Away from what the desktop holds at its end.
   static void close() { EXPECT_NE(::CloseClipboard(), FALSE); }
 };
 

@@ -189,6 +189,10 @@ def focus():
     yield stopped("deepseek-window-left-during-the-scan-is-not-focused", DEEPSEEK,
                   working_page(DEEPSEEK).with_rules(on_read("composer", bring_up("editor"), times=1)),
                   foreground="editor")
+    # The composer has the focus already; a refusal counts all the same.
+    yield stopped("qwen-focus-refused-by-a-composer-that-has-it-types-nothing", QWEN,
+                  working_page(QWEN).with_rules(at(ROUTE_MS - 100, {"focus": "composer"})), focus="chat/composer",
+                  faults=[fault("IUIAutomationElement::SetFocus", E_FAIL)])
     for stem, name, result in (
             ("deepseek-focus-that-fails-types-nothing", "IUIAutomationElement::SetFocus", E_FAIL),
             ("qwen-focus-that-cannot-be-read-types-nothing", "IUIAutomation::GetFocusedElement", E_FAIL),
