@@ -11,8 +11,8 @@ foreach(file IN LISTS scenario_files)
 endforeach()
 
 if(scenario_files)
-  # Natively alone: under the sanitizers each child is searched for leaks with all files in memory.
-  if(NOT ORVANE_SANITIZED)
+  # Natively alone: instrumented, each child searches for leaks or adds its counts with all files in memory.
+  if(NOT ORVANE_SANITIZED AND NOT ORVANE_COVERAGE)
     add_test(NAME scenarios.determinism
              COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism.py" $<TARGET_FILE:orvane-sim>
                      "${CMAKE_CURRENT_SOURCE_DIR}/scenarios")
