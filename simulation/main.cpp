@@ -98,7 +98,7 @@ int serve(const Request& request) {
     return EXIT_SUCCESS;
   }
   if (request.prompt) {
-    for (Scenario& scenario : *scenarios) scenario.desktop.clipboard.text = textFromUtf8(*request.prompt);
+    for (Scenario& scenario : *scenarios) scenario.desktop.clipboard.setText(textFromUtf8(*request.prompt));
   }
   return Runner(request, *scenarios).run();
 }

@@ -10,5 +10,6 @@ extern "C" {
 HRESULT WINAPI CoInitializeEx(LPVOID reserved, DWORD model);
 void WINAPI CoUninitialize(void);
 HRESULT WINAPI CoCreateInstance(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFIID iid, LPVOID* object);
+void WINAPI CoTaskMemFree(LPVOID block);
 
 }  // extern "C"

@@ -8,6 +8,7 @@
 
 #define ATTACH_PARENT_PROCESS ((DWORD)-1)
 #define PROCESS_QUERY_LIMITED_INFORMATION 0x1000
+#define GMEM_MOVEABLE 0x0002
 
 typedef struct _SECURITY_ATTRIBUTES {
   DWORD nLength;
@@ -25,6 +26,8 @@ BOOL WINAPI IsDebuggerPresent(void);
 
 LPWSTR WINAPI GetCommandLineW(void);
 HLOCAL WINAPI LocalFree(HLOCAL block);
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T sizeBytes);
+HGLOBAL WINAPI GlobalFree(HGLOBAL block);
 SIZE_T WINAPI GlobalSize(HGLOBAL block);
 LPVOID WINAPI GlobalLock(HGLOBAL block);
 BOOL WINAPI GlobalUnlock(HGLOBAL block);
@@ -37,6 +40,7 @@ int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWCH units, int uni
                                LPCCH defaultCharacter, LPBOOL usedDefaultCharacter);
 
 HMODULE WINAPI GetModuleHandleW(LPCWSTR name);
+DWORD WINAPI GetModuleFileNameW(HMODULE module, LPWSTR path, DWORD capacity);
 HMODULE WINAPI LoadLibraryA(LPCSTR name);
 FARPROC WINAPI GetProcAddress(HMODULE library, LPCSTR name);
 BOOL WINAPI FreeLibrary(HMODULE library);

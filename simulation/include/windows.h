@@ -8,3 +8,4 @@
 #include <winerror.h>
 #include <winreg.h>
 #include <winuser.h>
+#include <winuser_drawing.h>

@@ -16,6 +16,7 @@
 #define SM_CYSMICON 50
 
 #define MONITOR_DEFAULTTONEAREST 0x00000002
+#define MONITORINFOF_PRIMARY 0x00000001
 
 #define CS_VREDRAW 0x0001
 #define CS_HREDRAW 0x0002
@@ -49,9 +50,11 @@
 
 #define GA_PARENT 1
 #define GA_ROOT 2
+#define GW_HWNDNEXT 2
 
 #define SW_HIDE 0
 #define SW_SHOWNORMAL 1
+#define SW_SHOWNOACTIVATE 4
 #define SW_SHOW 5
 #define SW_MINIMIZE 6
 #define SW_RESTORE 9
@@ -78,8 +81,10 @@
 #define WM_ACTIVATE 0x0006
 #define WM_SETFOCUS 0x0007
 #define WM_KILLFOCUS 0x0008
+#define WM_PAINT 0x000F
 #define WM_CLOSE 0x0010
 #define WM_QUIT 0x0012
+#define WM_ERASEBKGND 0x0014
 #define WM_SHOWWINDOW 0x0018
 #define WM_FONTCHANGE 0x001D
 #define WM_GETMINMAXINFO 0x0024
@@ -88,6 +93,7 @@
 #define WM_SETICON 0x0080
 #define WM_NCCREATE 0x0081
 #define WM_NCDESTROY 0x0082
+#define WM_SYSCOMMAND 0x0112
 #define WM_SIZING 0x0214
 #define WM_ENTERSIZEMOVE 0x0231
 #define WM_EXITSIZEMOVE 0x0232
@@ -101,6 +107,8 @@
 #define SIZE_RESTORED 0
 #define SIZE_MINIMIZED 1
 #define WMSZ_BOTTOMRIGHT 8
+#define HTCAPTION 2
+#define SC_MOVE 0xF010
 
 #define INPUT_MOUSE 0
 #define INPUT_KEYBOARD 1
@@ -112,9 +120,23 @@
 #define VK_CONTROL 0x11
 #define VK_MENU 0x12
 #define VK_ESCAPE 0x1B
+#define VK_SNAPSHOT 0x2C
+#define VK_LWIN 0x5B
+
+#define EVENT_SYSTEM_FOREGROUND 0x0003
+#define WINEVENT_OUTOFCONTEXT 0x0000
+#define WINEVENT_SKIPOWNPROCESS 0x0002
+#define OBJID_WINDOW ((LONG)0x00000000)
+#define CHILDID_SELF 0
+
+#define CF_DIB 8
+#define CF_UNICODETEXT 13
+#define CF_DIBV5 17
 
 typedef LRESULT(CALLBACK* WNDPROC)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 typedef BOOL(CALLBACK* WNDENUMPROC)(HWND window, LPARAM lParam);
+typedef VOID(CALLBACK* WINEVENTPROC)(HWINEVENTHOOK hook, DWORD event, HWND window, LONG objectId, LONG childId,
+                                     DWORD threadId, DWORD ms);
 
 typedef struct tagWNDCLASSW {
   UINT style;
@@ -160,6 +182,25 @@ typedef struct tagMINMAXINFO {
   POINT ptMinTrackSize;
   POINT ptMaxTrackSize;
 } MINMAXINFO;
+
+typedef struct tagMONITORINFO {
+  DWORD cbSize;
+  RECT rcMonitor;
+  RECT rcWork;
+  DWORD dwFlags;
+} MONITORINFO, *LPMONITORINFO;
+
+typedef struct tagGUITHREADINFO {
+  DWORD cbSize;
+  DWORD flags;
+  HWND hwndActive;
+  HWND hwndFocus;
+  HWND hwndCapture;
+  HWND hwndMenuOwner;
+  HWND hwndMoveSize;
+  HWND hwndCaret;
+  RECT rcCaret;
+} GUITHREADINFO, *LPGUITHREADINFO;
 
 typedef struct tagMOUSEINPUT {
   LONG dx;
@@ -214,24 +255,37 @@ HCURSOR WINAPI LoadCursorW(HINSTANCE instance, LPCWSTR name);
 HANDLE WINAPI LoadImageW(HINSTANCE instance, LPCWSTR name, UINT type, int width, int height, UINT flags);
 int WINAPI GetSystemMetrics(int index);
 HMONITOR WINAPI MonitorFromPoint(POINT point, DWORD flags);
+HMONITOR WINAPI MonitorFromRect(LPCRECT bounds, DWORD flags);
+HMONITOR WINAPI MonitorFromWindow(HWND window, DWORD flags);
+BOOL WINAPI GetMonitorInfoW(HMONITOR monitor, LPMONITORINFO info);
 UINT WINAPI GetDpiForWindow(HWND window);
 
 LONG_PTR WINAPI SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 LONG_PTR WINAPI GetWindowLongPtrW(HWND window, int index);
 BOOL WINAPI GetClientRect(HWND window, LPRECT client);
 BOOL WINAPI GetWindowRect(HWND window, LPRECT bounds);
+BOOL WINAPI AdjustWindowRectExForDpi(LPRECT bounds, DWORD style, BOOL hasMenu, DWORD exStyle, UINT dpi);
+BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
 BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL WINAPI SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 HWND WINAPI SetParent(HWND child, HWND parent);
 BOOL WINAPI ShowWindow(HWND window, int command);
 BOOL WINAPI ShowWindowAsync(HWND window, int command);
 
+BOOL WINAPI SetPropW(HWND window, LPCWSTR name, HANDLE value);
+HANDLE WINAPI GetPropW(HWND window, LPCWSTR name);
+HANDLE WINAPI RemovePropW(HWND window, LPCWSTR name);
+
 BOOL WINAPI IsWindow(HWND window);
 BOOL WINAPI IsWindowVisible(HWND window);
 BOOL WINAPI IsIconic(HWND window);
 HWND WINAPI GetAncestor(HWND window, UINT which);
+HWND WINAPI GetTopWindow(HWND parent);
+HWND WINAPI GetWindow(HWND window, UINT relation);
 BOOL WINAPI EnumWindows(WNDENUMPROC visit, LPARAM parameter);
 DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD processId);
+int WINAPI GetClassNameW(HWND window, LPWSTR name, int capacity);
+BOOL WINAPI SetWindowTextW(HWND window, LPCWSTR text);
 int WINAPI GetWindowTextLengthW(HWND window);
 int WINAPI GetWindowTextW(HWND window, LPWSTR text, int capacity);
 
@@ -241,11 +295,20 @@ BOOL WINAPI BringWindowToTop(HWND window);
 HWND WINAPI SetActiveWindow(HWND window);
 HWND WINAPI SetFocus(HWND window);
 BOOL WINAPI AttachThreadInput(DWORD from, DWORD to, BOOL attaches);
+BOOL WINAPI GetGUIThreadInfo(DWORD threadId, LPGUITHREADINFO info);
+BOOL WINAPI ReleaseCapture(void);
+HWINEVENTHOOK WINAPI SetWinEventHook(DWORD first, DWORD last, HMODULE library, WINEVENTPROC callback, DWORD processId,
+                                     DWORD threadId, DWORD flags);
+BOOL WINAPI UnhookWinEvent(HWINEVENTHOOK hook);
 
-#define CF_UNICODETEXT 13
 BOOL WINAPI OpenClipboard(HWND owner);
 BOOL WINAPI CloseClipboard(void);
+BOOL WINAPI EmptyClipboard(void);
 HANDLE WINAPI GetClipboardData(UINT format);
+HANDLE WINAPI SetClipboardData(UINT format, HANDLE block);
+BOOL WINAPI IsClipboardFormatAvailable(UINT format);
+UINT WINAPI RegisterClipboardFormatW(LPCWSTR name);
+DWORD WINAPI GetClipboardSequenceNumber(void);
 UINT WINAPI SendInput(UINT count, LPINPUT inputs, int size);
 
 }  // extern "C"

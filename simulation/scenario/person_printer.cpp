@@ -187,10 +187,23 @@ Row describeForeground(const Json& desktop) {
   return {"foreground", id + "  \"" + desktop.at("windows").at(id).at("title").get<std::string>() + "\""};
 }
 
+// A menu that was opened: which of its entries, from 1, was chosen.
+Row describeMenu(const Json& opened) {
+  const Json& entries = opened.at("entries");
+  for (std::size_t index = 0; index < entries.size(); ++index) {
+    if (entries[index].at("id") != opened.at("chosen")) continue;
+    return {"menu", "entry " + std::to_string(index + 1) + " of " + std::to_string(entries.size()) + " chosen"};
+  }
+  return {"menu", "none of " + std::to_string(entries.size()) + " chosen"};
+}
+
 std::vector<Row> describeEnd(const Json& report) {
   const Json& desktop = report.at("desktop");
   const std::string keys = describeKeys(report.at("input"));
   std::vector<Row> rows{{"keys sent", keys.empty() ? "none" : keys}, describeForeground(desktop)};
+  for (const Json& painted : report.at("painted")) {
+    if (painted.contains("entries")) rows.push_back(describeMenu(painted));
+  }
   const Json& focus = desktop.at("focus");
   rows.push_back({"focus", focus.is_null() ? "none" : focus.get<std::string>()});
   for (const auto& [place, value] : desktop.at("values").items()) {

@@ -92,13 +92,21 @@ void readForm(const Node& node, std::string_view key, std::optional<Value>& form
   if (value && !value->isNull()) form = read(*value);
 }
 
+void readTextBlock(const Node& node, ClipboardContent& content) {
+  const auto block = node.find("textBlock");
+  if (!block || block->isNull()) return;
+  if (content.text) block->fail("the text is given already");
+  content.setTextBlock(block->base64());
+}
+
 }  // namespace
 
 ClipboardContent readClipboard(const Node& node, References& references) {
-  node.requireKeys({"text", "html", "png", "dib", "dibv5", "lockedBy"});
+  node.requireKeys({"text", "textBlock", "html", "png", "dib", "dibv5", "lockedBy"});
   const auto readBytes = [](const Node& form) { return form.base64(); };
   ClipboardContent content;
   readForm(node, "text", content.text, [](const Node& form) { return form.text(); });
+  readTextBlock(node, content);
   readForm(node, "html", content.html, [](const Node& form) { return form.utf8(); });
   readForm(node, "png", content.png, readBytes);
   readForm(node, "dib", content.dib, readBytes);

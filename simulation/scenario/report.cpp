@@ -1,5 +1,7 @@
 #include "scenario/report.h"
 
+#include "scenario/painted_report.h"
+
 namespace orvane::simulation {
 namespace {
 
@@ -110,7 +112,7 @@ Json describeRun(const Scenario& scenario, int exitCode, const ScriptedInterface
   report["toInterface"] = script.callsFromHost();
   report["input"] = describeInput(desktop.keyEvents());
   report["shell"] = describeShell(records.shell);
-  report["painted"] = Json::array();
+  report["painted"] = describePainted(records.painted);
   report["attributes"] = describeAttributes(records.attributes);
   report["posted"] = describePosted(records.posted);
   report["engine"] = describeEngine(records.engine);

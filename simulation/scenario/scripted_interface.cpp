@@ -6,9 +6,6 @@
 namespace orvane::simulation {
 namespace {
 
-// A success with null, as the interface's handlers answer.
-const Bytes emptySuccess{0, 0};
-
 bool hasStepTimes(const Json& value, const std::vector<std::int64_t>& times) {
   return value.is_object() && value.contains("logs") && value.at("logs").is_array() &&
          value.at("logs").size() == times.size();
@@ -19,7 +16,7 @@ bool hasStepTimes(const Json& value, const std::vector<std::int64_t>& times) {
 ScriptedInterface::ScriptedInterface(const Scenario& scenario, Desktop& desktop)
     : scenario_(scenario), desktop_(desktop) {
   sources_.handleOf = [this](const std::string& id) { return desktop_.handleOfId(id); };
-  sources_.replyValue = [this](const std::string& reference) { return replyValue(reference); };
+  sources_.replyValue = [this](const std::string& reference) { return records_.replyValue(reference); };
 }
 
 bool ScriptedInterface::performStep() {
@@ -39,14 +36,8 @@ void ScriptedInterface::begin() {
 }
 
 std::optional<Bytes> ScriptedInterface::messageFromHost(const std::string& channel, const Bytes& message) {
-  const auto call = decodeMethodCall(message);
-  Json& record = callsFromHost_.emplace_back(Json::object());
-  record["channel"] = validUtf8(channel);
-  record["method"] = call ? Json(call->method) : Json(nullptr);
-  record["arguments"] = call ? call->arguments : Json(nullptr);
-  record["messageHex"] = hexFromBytes(message);
-  record["ms"] = desktop_.clock().nowMs();
-  return emptySuccess;
+  records_.addCallFromHost(channel, message, desktop_.clock().nowMs());
+  return emptySuccess();
 }
 
 void ScriptedInterface::perform(const step::Call& step) {
@@ -95,18 +86,8 @@ void ScriptedInterface::send(const std::string& channel, const Bytes& message, c
   const std::int64_t startMs = clock.nowMs();
   startTraceTimes(clock);
   const std::optional<Bytes> reply = platform_->sendToHost(channel, message);
-  DecodedReply decoded = decodeReply(reply);
-  Json record;
-  record["as"] = as;
-  record["method"] = method;
-  record["kind"] = decoded.kind;
-  record["value"] = std::move(decoded.value);
-  record["error"] = std::move(decoded.error);
-  if (reply) record["replyHex"] = hexFromBytes(*reply);
-  record["startMs"] = startMs;
-  record["endMs"] = clock.nowMs();
+  Json& record = records_.addReply(as, method, reply, startMs, clock.nowMs());
   if (hasStepTimes(record["value"], traceTimes())) record["stepMs"] = traceTimes();
-  replies_.push_back(std::move(record));
 }
 
 Window& ScriptedInterface::windowOf(const std::string& id) {
@@ -118,18 +99,6 @@ Window& ScriptedInterface::windowOf(const std::string& id) {
 std::int64_t ScriptedInterface::messageParameter(const Json& parameter) const {
   if (!parameter.is_object()) return parameter.get<std::int64_t>();
   return static_cast<std::int64_t>(desktop_.handleOfId(parameter.at("$window").get<std::string>()));
-}
-
-Json ScriptedInterface::replyValue(const std::string& reference) const {
-  const std::size_t point = reference.find('.');
-  const std::string name = reference.substr(0, point);
-  const std::string key = reference.substr(point + 1);
-  for (const Json& reply : replies_) {
-    if (reply.at("as") != name) continue;
-    const Json& value = reply.at("value");
-    return value.is_object() && value.contains(key) ? value.at(key) : Json(nullptr);
-  }
-  return nullptr;
 }
 
 }  // namespace orvane::simulation

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "scenario/call_records.h"
 #include "scenario/json.h"
 #include "scenario/scenario.h"
 #include "scenario/value_codec.h"
@@ -25,8 +26,8 @@ class ScriptedInterface : public InterfaceScript {
   std::optional<Bytes> messageFromHost(const std::string& channel, const Bytes& message) override;
 
   // In the report's forms.
-  const Json& replies() const { return replies_; }
-  const Json& callsFromHost() const { return callsFromHost_; }
+  const Json& replies() const { return records_.replies(); }
+  const Json& callsFromHost() const { return records_.callsFromHost(); }
   const Json& endState() const { return endState_; }  // null until the steps are done
 
  private:
@@ -46,7 +47,6 @@ class ScriptedInterface : public InterfaceScript {
   void send(const std::string& channel, const Bytes& message, const std::string& as, const Json& method);
   Window& windowOf(const std::string& id);
   std::int64_t messageParameter(const Json& parameter) const;
-  Json replyValue(const std::string& reference) const;
 
   const Scenario& scenario_;
   Desktop& desktop_;
@@ -54,8 +54,7 @@ class ScriptedInterface : public InterfaceScript {
   ValueSources sources_;
   bool hasBegun_ = false;
   std::size_t nextStep_ = 0;
-  Json replies_ = Json::array();
-  Json callsFromHost_ = Json::array();
+  CallRecords records_;
   Json endState_;
 };
 

@@ -1,27 +1,23 @@
 #include <windows.h>
 
-#include <cstddef>
-#include <cstring>
 #include <map>
-#include <string>
-#include <vector>
+#include <string_view>
 
 #include "windows/call.h"
+#include "windows/clipboard_formats.h"
+#include "windows/global_memory.h"
 #include "windows/state.h"
 
 using namespace orvane::simulation;
 
 namespace {
 
-// A block that the clipboard owns: the host may look at it while it holds the clipboard open.
-struct ClipboardBlock {
-  std::vector<std::byte> bytes;
-  int locks = 0;
-};
-
+// The clipboard while the host holds it open.
 struct OpenedClipboard {
   bool isOpen = false;
-  std::map<UINT, ClipboardBlock> blocks;  // by format, as they were asked for
+  bool wasEmptied = false;
+  HWND owner = nullptr;
+  std::map<UINT, HGLOBAL> blocks;  // lent out or taken over, by format
 };
 
 OpenedClipboard& opened() {
@@ -29,34 +25,35 @@ OpenedClipboard& opened() {
   return clipboard;
 }
 
-ClipboardBlock* findBlock(HGLOBAL handle) {
-  for (auto& [format, block] : opened().blocks) {
-    if (&block == handle) return &block;
-  }
-  return nullptr;
+void dropBlocks(std::string_view call) {
+  for (const auto& [format, block] : opened().blocks) dropClipboardBlock(call, block);
+  opened().blocks.clear();
 }
 
-ClipboardBlock& blockFor(std::string_view call, HGLOBAL handle) {
-  ClipboardBlock* const block = findBlock(handle);
-  if (block == nullptr) stopRun(call, "a block that isn't held");
-  return *block;
+// A form takes the place of what was lent out of the same format.
+void keepBlock(UINT format, HGLOBAL block) {
+  HGLOBAL& place = opened().blocks[format];
+  if (place != nullptr) dropClipboardBlock("SetClipboardData", place);
+  place = block;
 }
 
-// Real 16-bit text with its closing zero.
-std::vector<std::byte> textBlock(const Text& text) {
-  std::vector<std::byte> bytes((text.size() + 1) * sizeof(char16_t));
-  std::memcpy(bytes.data(), text.c_str(), bytes.size());
-  return bytes;
+void requireOwnBlock(const GlobalBlock& block) {
+  if (block.isClipboards) stopRun("SetClipboardData", "a block that belongs to the clipboard already");
+  if (block.memory == nullptr) stopRun("SetClipboardData", "a block without a byte isn't modelled");
 }
 
 }  // namespace
 
 BOOL OpenClipboard(HWND owner) {
   PlatformState& state = stateFor("OpenClipboard");
-  if (const auto fault = enter("OpenClipboard", state.liveWindow(owner))) return faulted<BOOL>(*fault);
+  const Window* const window = state.liveWindow(owner);
+  if (const auto fault = enter("OpenClipboard", window)) return faulted<BOOL>(*fault);
   if (opened().isOpen) stopRun("OpenClipboard", "it is open already");
+  if (owner != nullptr && window == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  if (window != nullptr && !window->ofHost) stopRun("OpenClipboard", "another program's window isn't modelled");
   if (state.desktop.clipboard.content.lockedBy) return failWith(ERROR_ACCESS_DENIED, FALSE);
   opened().isOpen = true;
+  opened().owner = owner;
   holdNow(held_kind::openClipboard, 1);
   return TRUE;
 }
@@ -64,11 +61,19 @@ BOOL OpenClipboard(HWND owner) {
 BOOL CloseClipboard() {
   if (const auto fault = enter("CloseClipboard")) return faulted<BOOL>(*fault);
   if (!opened().isOpen) return failWith(ERROR_CLIPBOARD_NOT_OPEN, FALSE);
-  for (const auto& [format, block] : opened().blocks) {
-    if (block.locks != 0) stopRun("CloseClipboard", "a block is still locked");
-  }
+  dropBlocks("CloseClipboard");
   opened() = {};
   holdNow(held_kind::openClipboard, -1);
+  return TRUE;
+}
+
+BOOL EmptyClipboard() {
+  PlatformState& state = stateFor("EmptyClipboard");
+  if (const auto fault = enter("EmptyClipboard")) return faulted<BOOL>(*fault);
+  if (!opened().isOpen) return failWith(ERROR_CLIPBOARD_NOT_OPEN, FALSE);
+  dropBlocks("EmptyClipboard");
+  opened().wasEmptied = true;
+  state.desktop.clipboard.replace({});
   return TRUE;
 }
 
@@ -76,31 +81,38 @@ HANDLE GetClipboardData(UINT format) {
   const PlatformState& state = stateFor("GetClipboardData");
   if (const auto fault = enter("GetClipboardData")) return faulted<HANDLE>(*fault);
   if (!opened().isOpen) return failWith<HANDLE>(ERROR_CLIPBOARD_NOT_OPEN);
-  if (format != CF_UNICODETEXT) stopRun("GetClipboardData", "a format that isn't modelled");
-  const std::optional<Text>& text = state.desktop.clipboard.content.text;
-  if (!text) return failWith<HANDLE>(ERROR_NOT_FOUND);
-  ClipboardBlock& block = opened().blocks[format];
-  if (block.bytes.empty()) block.bytes = textBlock(*text);
-  return &block;
+  const auto bytes = bytesOfFormat("GetClipboardData", state.desktop.clipboard.content, format);
+  if (!bytes) return failWith<HANDLE>(ERROR_NOT_FOUND);
+  HGLOBAL& block = opened().blocks[format];
+  if (block == nullptr) block = makeClipboardBlock(*bytes);
+  return block;
 }
 
-SIZE_T GlobalSize(HGLOBAL block) {
-  if (const auto fault = enter("GlobalSize")) return faulted<SIZE_T>(*fault);
-  return blockFor("GlobalSize", block).bytes.size();
+HANDLE SetClipboardData(UINT format, HANDLE handle) {
+  Clipboard& clipboard = stateFor("SetClipboardData").desktop.clipboard;
+  if (const auto fault = enter("SetClipboardData")) return faulted<HANDLE>(*fault);
+  if (!opened().isOpen) return failWith<HANDLE>(ERROR_CLIPBOARD_NOT_OPEN);
+  if (!opened().wasEmptied) stopRun("SetClipboardData", "adding to what stands there isn't modelled");
+  if (handle == nullptr) stopRun("SetClipboardData", "a form that is rendered later isn't modelled");
+  if (opened().owner == nullptr) return failWith<HANDLE>(ERROR_INVALID_HANDLE);
+  if (format == 0) return failWith<HANDLE>(ERROR_INVALID_PARAMETER);
+  GlobalBlock& block = globalBlockFor("SetClipboardData", handle);
+  requireOwnBlock(block);
+  putFormat("SetClipboardData", clipboard.content, format, bytesOf(block));
+  ++clipboard.sequence;
+  handToClipboard(block);
+  keepBlock(format, handle);
+  return handle;
 }
 
-LPVOID GlobalLock(HGLOBAL block) {
-  if (const auto fault = enter("GlobalLock")) return faulted<LPVOID>(*fault);
-  ClipboardBlock& found = blockFor("GlobalLock", block);
-  ++found.locks;
-  return found.bytes.data();
+BOOL IsClipboardFormatAvailable(UINT format) {
+  const PlatformState& state = stateFor("IsClipboardFormatAvailable");
+  if (const auto fault = enter("IsClipboardFormatAvailable")) return faulted<BOOL>(*fault);
+  return bytesOfFormat("IsClipboardFormatAvailable", state.desktop.clipboard.content, format) ? TRUE : FALSE;
 }
 
-BOOL GlobalUnlock(HGLOBAL block) {
-  if (const auto fault = enter("GlobalUnlock")) return faulted<BOOL>(*fault);
-  ClipboardBlock& found = blockFor("GlobalUnlock", block);
-  if (found.locks == 0) stopRun("GlobalUnlock", "a block that isn't locked");
-  --found.locks;
-  setLastError(ERROR_SUCCESS);
-  return found.locks != 0 ? TRUE : FALSE;
+DWORD GetClipboardSequenceNumber() {
+  const PlatformState& state = stateFor("GetClipboardSequenceNumber");
+  if (const auto fault = enter("GetClipboardSequenceNumber")) return faulted<DWORD>(*fault);
+  return state.desktop.clipboard.sequence;
 }

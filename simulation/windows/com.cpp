@@ -3,6 +3,7 @@
 #include <objbase.h>
 
 #include "composer/uia_interfaces.h"
+#include "windows/spelling.h"
 #include "windows/uia.h"
 
 const IID IID_IUnknown = {0x00000000, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
@@ -61,10 +62,11 @@ HRESULT CoCreateInstance(REFCLSID classId, LPUNKNOWN outer, DWORD context, REFII
   if (const auto refused = refusal("CoCreateInstance", nullptr, nullptr)) return endInto(*refused, object);
   if (object == nullptr) return E_POINTER;
   const bool isAutomation = classId == orvane::CLSID_CUIAutomation && iid == orvane::IID_IUIAutomation;
-  if (!isAutomation) stopRun("CoCreateInstance", "a class or an interface that isn't modelled");
+  const bool isSpelling = classId == spellCheckerFactoryClass && iid == spellCheckerFactoryInterface;
+  if (!isAutomation && !isSpelling) stopRun("CoCreateInstance", "a class or an interface that isn't modelled");
   if (outer != nullptr || context != CLSCTX_INPROC_SERVER) {
     stopRun("CoCreateInstance", "anything but a plain object of a server in the process isn't modelled");
   }
-  *object = makeAutomation();
+  *object = isAutomation ? static_cast<void*>(makeAutomation()) : makeSpellCheckerFactory();
   return S_OK;
 }

@@ -45,9 +45,12 @@ class ComObject : public Interface, public ComShell {
 
   ULONG STDMETHODCALLTYPE Release() final {
     requireAlive("Release");
-    holdNow(held_kind::comReferences, -1);
+    const bool isUncounted = isKept_ && references_ == 1;
+    if (!isUncounted) holdNow(held_kind::comReferences, -1);
     return --references_;
   }
+
+  bool isAlive() const { return references_ != 0; }
 
  protected:
   void requireAlive(std::string_view call) const {
@@ -62,9 +65,12 @@ class ComObject : public Interface, public ComShell {
  private:
   template <typename Object, typename... Arguments>
   friend Object* makeComObject(Arguments&&... arguments);
+  template <typename Object, typename... Arguments>
+  friend Object* makeKeptComObject(Arguments&&... arguments);
 
   IID iid_;
   ULONG references_ = 1;
+  bool isKept_ = false;
 };
 
 // A new object with one reference.
@@ -74,6 +80,16 @@ Object* makeComObject(Arguments&&... arguments) {
   Object* const made = object.get();
   stateFor("COM").comObjects.push_back(std::move(object));
   holdNow(held_kind::comReferences, 1);
+  return made;
+}
+
+// The same for one that the host keeps by design until the process ends: its last reference counts
+// as nothing held.
+template <typename Object, typename... Arguments>
+Object* makeKeptComObject(Arguments&&... arguments) {
+  Object* const made = makeComObject<Object>(std::forward<Arguments>(arguments)...);
+  made->isKept_ = true;
+  holdNow(held_kind::comReferences, -1);
   return made;
 }
 

@@ -26,6 +26,14 @@ bool sharesInput(PlatformState& state, const Window& window) {
   return attached.contains({own, window.threadId}) || attached.contains({window.threadId, own});
 }
 
+// The window of another program's thread that keys go to, or went to last.
+const Window* windowInUse(PlatformState& state, DWORD threadId) {
+  const auto known = state.input.lastInFront.find(threadId);
+  if (known == state.input.lastInFront.end()) return nullptr;
+  const Window* const window = known->second;
+  return window->destroyed || window->minimized ? nullptr : window;
+}
+
 }  // namespace
 
 HWND GetForegroundWindow() {
@@ -64,6 +72,28 @@ HWND SetFocus(HWND window) {
   const HWND former = handleOf(state.input.focus);
   if (about == nullptr || about->ofHost) moveKeyboardFocus(state, about);
   return former;
+}
+
+BOOL GetGUIThreadInfo(DWORD threadId, LPGUITHREADINFO info) {
+  PlatformState& state = stateFor("GetGUIThreadInfo");
+  if (const auto fault = enter("GetGUIThreadInfo")) return faulted<BOOL>(*fault);
+  if (threadId == 0) stopRun("GetGUIThreadInfo", "the thread in front isn't modelled");
+  if (info == nullptr || info->cbSize != sizeof(GUITHREADINFO) || !isKnownThread(state, threadId)) {
+    return failWith(ERROR_INVALID_PARAMETER, FALSE);
+  }
+  const bool isOwn = threadId == threadIdOf(0);
+  const Window* const inUse = isOwn ? nullptr : windowInUse(state, threadId);
+  *info = {};
+  info->cbSize = sizeof(GUITHREADINFO);
+  info->hwndActive = handleOf(isOwn ? state.input.active : inUse);
+  info->hwndFocus = handleOf(isOwn ? state.input.focus : inUse);
+  return TRUE;
+}
+
+// Nothing in the host takes the mouse.
+BOOL ReleaseCapture() {
+  if (const auto fault = enter("ReleaseCapture")) return faulted<BOOL>(*fault);
+  return TRUE;
 }
 
 BOOL AttachThreadInput(DWORD from, DWORD to, BOOL attaches) {

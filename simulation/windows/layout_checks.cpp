@@ -3,6 +3,7 @@
 #include <objbase.h>
 #include <oleauto.h>
 #include <shellapi.h>
+#include <spellcheck.h>
 #include <windows.h>
 
 #include <cstddef>
@@ -30,14 +31,29 @@ static_assert(sizeof(CREATESTRUCTW) == 80 && offsetof(CREATESTRUCTW, cy) == 32);
 static_assert(offsetof(CREATESTRUCTW, style) == 48 && offsetof(CREATESTRUCTW, lpszName) == 56);
 static_assert(offsetof(CREATESTRUCTW, dwExStyle) == 72);
 static_assert(sizeof(MINMAXINFO) == 40 && offsetof(MINMAXINFO, ptMinTrackSize) == 24);
+static_assert(sizeof(MONITORINFO) == 40 && offsetof(MONITORINFO, rcWork) == 20 && offsetof(MONITORINFO, dwFlags) == 36);
+static_assert(sizeof(GUITHREADINFO) == 72 && offsetof(GUITHREADINFO, hwndActive) == 8);
+static_assert(offsetof(GUITHREADINFO, hwndFocus) == 16 && offsetof(GUITHREADINFO, rcCaret) == 56);
 
 static_assert(sizeof(MOUSEINPUT) == 32 && sizeof(KEYBDINPUT) == 24 && sizeof(HARDWAREINPUT) == 8);
 static_assert(sizeof(INPUT) == 40 && offsetof(INPUT, ki) == 8);
 static_assert(offsetof(KEYBDINPUT, dwFlags) == 4 && offsetof(KEYBDINPUT, dwExtraInfo) == 16);
 
+static_assert(sizeof(PAINTSTRUCT) == 72 && offsetof(PAINTSTRUCT, rcPaint) == 12);
+static_assert(offsetof(PAINTSTRUCT, rgbReserved) == 36);
+static_assert(sizeof(MENUITEMINFOW) == 80 && offsetof(MENUITEMINFOW, wID) == 16);
+static_assert(offsetof(MENUITEMINFOW, dwItemData) == 48 && offsetof(MENUITEMINFOW, hbmpItem) == 72);
+static_assert(sizeof(MEASUREITEMSTRUCT) == 32 && offsetof(MEASUREITEMSTRUCT, itemData) == 24);
+static_assert(sizeof(DRAWITEMSTRUCT) == 64 && offsetof(DRAWITEMSTRUCT, hwndItem) == 24);
+static_assert(offsetof(DRAWITEMSTRUCT, rcItem) == 40 && offsetof(DRAWITEMSTRUCT, itemData) == 56);
+// TEXTMETRICW holds wide characters, which are wider here: only what stands in front of them lies the same.
+static_assert(offsetof(TEXTMETRICW, tmInternalLeading) == 12 && offsetof(TEXTMETRICW, tmFirstChar) == 44);
+
 static_assert(sizeof(VARIANT) == 24 && offsetof(VARIANT, vt) == 0);
 static_assert(offsetof(VARIANT, lVal) == 8 && offsetof(VARIANT, bstrVal) == 8);
 static_assert(sizeof(SECURITY_ATTRIBUTES) == 24);
+static_assert(sizeof(CORRECTIVE_ACTION) == 4 && CORRECTIVE_ACTION_GET_SUGGESTIONS == 1);
+static_assert(CF_DIB == 8 && CF_UNICODETEXT == 13 && CF_DIBV5 == 17 && GMEM_MOVEABLE == 2);
 
 static_assert(sizeof(FlutterDesktopEngineProperties) == 64);
 static_assert(offsetof(FlutterDesktopEngineProperties, dart_entrypoint_argv) == 40);

@@ -1,12 +1,14 @@
+#include "windows/message_loop.h"
+
 #include <windows.h>
 
 #include "windows/call.h"
 #include "windows/messages.h"
+#include "windows/painting.h"
 #include "windows/script_turn.h"
 #include "windows/state.h"
 
-using namespace orvane::simulation;
-
+namespace orvane::simulation {
 namespace {
 
 bool handleEvent(MessageQueue& queue) {
@@ -38,7 +40,28 @@ void awaitThreads(PlatformState& state) {
   state.desktop.clock().sleep(1);
 }
 
+LRESULT dispatch(PlatformState& state, const MSG& message) {
+  const Window* const window = state.liveWindow(message.hwnd);
+  return window == nullptr ? 0 : sendMessage(state, *window, message.message, message.wParam, message.lParam);
+}
+
 }  // namespace
+
+bool pumpWaiting(PlatformState& state) {
+  while (true) {
+    if (handleEvent(state.queue)) continue;
+    MSG message{};
+    if (!takePosted(state.queue, message)) {
+      if (state.queue.quits) return false;
+      if (!takePaintMessage(state, message)) return true;
+    }
+    dispatch(state, message);
+  }
+}
+
+}  // namespace orvane::simulation
+
+using namespace orvane::simulation;
 
 BOOL GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
   PlatformState& state = stateFor("GetMessageW");
@@ -52,6 +75,7 @@ BOOL GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
       *message = quitMessage(state.queue);
       return FALSE;
     }
+    if (takePaintMessage(state, *message)) return TRUE;
     if (state.engines.performTask() || performScriptTurn(state)) continue;
     awaitThreads(state);
   }
@@ -67,5 +91,5 @@ LRESULT DispatchMessageW(const MSG* message) {
   PlatformState& state = stateFor("DispatchMessageW");
   const Window* const window = state.liveWindow(message->hwnd);
   if (const auto fault = enter("DispatchMessageW", window)) return faulted<LRESULT>(*fault);
-  return window == nullptr ? 0 : sendMessage(state, *window, message->message, message->wParam, message->lParam);
+  return dispatch(state, *message);
 }

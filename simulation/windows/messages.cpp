@@ -2,6 +2,7 @@
 
 #include "windows/activation.h"
 #include "windows/call.h"
+#include "windows/painting.h"
 #include "windows/state.h"
 #include "windows/window_life.h"
 
@@ -20,6 +21,18 @@ void requirePrivateMessage(const char* call, const Window& window, UINT message)
   if (!window.ofHost && message != WM_NULL && message < WM_USER) {
     stopRun(call, "a message that another program's window would act on isn't modelled");
   }
+}
+
+// No person moves the mouse: the window is let go where it was taken.
+void dragCaption(PlatformState& state, const Window& window) {
+  sendMessage(state, window, WM_ENTERSIZEMOVE, 0, 0);
+  sendMessage(state, window, WM_EXITSIZEMOVE, 0, 0);
+}
+
+LRESULT performSystemCommand(PlatformState& state, const Window& window, WPARAM command) {
+  if (command != (SC_MOVE | HTCAPTION)) stopRun("WM_SYSCOMMAND", "anything but the caption's drag isn't modelled");
+  dragCaption(state, window);
+  return 0;
 }
 
 }  // namespace
@@ -56,12 +69,17 @@ LRESULT defaultProcedure(PlatformState& state, Window& window, UINT message, WPA
   switch (message) {
     case WM_NCCREATE:
       return TRUE;
+    case WM_PAINT:
+      validateWindow(state, window);
+      return 0;
     case WM_CLOSE:
       endWindow(state, window);
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE && !window.minimized) moveKeyboardFocus(state, &window);
       return 0;
+    case WM_SYSCOMMAND:
+      return performSystemCommand(state, window, wParam);
     case WM_SETICON:
       return replaceIcon(state, window, wParam, lParam);
     default:

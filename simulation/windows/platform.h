@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "windows/painted.h"
 #include "world/desktop.h"
 
 namespace orvane::simulation {
@@ -71,6 +72,7 @@ struct PlatformRecords {
   std::vector<ShellCall> shell;
   std::vector<AttributeSet> attributes;
   std::vector<PostedMessage> posted;
+  std::vector<Painted> painted;
 };
 
 // The platform's functions in front of one desktop, for one run of the host in this process.

@@ -43,6 +43,20 @@ HMODULE GetModuleHandleW(LPCWSTR name) {
   return moduleInstance();
 }
 
+// A path that doesn't fit is cut, and still closed.
+DWORD GetModuleFileNameW(HMODULE module, LPWSTR path, DWORD capacity) {
+  PlatformState& state = stateFor("GetModuleFileNameW");
+  if (const auto fault = enter("GetModuleFileNameW")) return faulted<DWORD>(*fault);
+  if (module != nullptr && module != moduleInstance()) stopRun("GetModuleFileNameW", "another module isn't modelled");
+  if (path == nullptr || capacity == 0) return failWith<DWORD>(ERROR_INSUFFICIENT_BUFFER);
+  const std::wstring& image = state.programPath;
+  const std::size_t copied = std::min<std::size_t>(image.size(), capacity - 1);
+  *std::copy_n(image.begin(), copied, path) = L'\0';
+  if (copied < image.size()) return failWith(ERROR_INSUFFICIENT_BUFFER, capacity);
+  setLastError(ERROR_SUCCESS);
+  return static_cast<DWORD>(copied);
+}
+
 HMODULE LoadLibraryA(LPCSTR name) {
   PlatformState& state = stateFor("LoadLibraryA");
   if (const auto fault = enter("LoadLibraryA")) return faulted<HMODULE>(*fault);

@@ -4,18 +4,20 @@
 
 #include "windows/call.h"
 #include "windows/messages.h"
+#include "windows/painting.h"
 #include "windows/state.h"
+#include "windows/window_frame.h"
 #include "windows/window_geometry.h"
 
 namespace orvane::simulation {
 namespace {
 
 // A program that was just started comes to the front with its first window.
-void finishFirstShowing(PlatformState& state, Window& window) {
+void finishFirstShowing(PlatformState& state, Window& window, Activation activation) {
   HostWindow* const own = state.hostWindow(&window);
   if (own == nullptr || own->wasShown || window.parent != nullptr) return;
   own->wasShown = true;
-  if (!std::exchange(state.hasShownFirst, true)) {
+  if (activation == Activation::allowed && !std::exchange(state.hasShownFirst, true)) {
     const OwnForegroundCall guard(state);
     state.desktop.moveForeground(&window);
   }
@@ -30,6 +32,8 @@ void giveUpForeground(PlatformState& state, Window& window) {
 void minimize(PlatformState& state, Window& window) {
   if (window.minimized) return;
   window.minimized = true;
+  forgetUpdate(state, window);
+  recomputeFrame(state, window);
   if (window.ofHost) tellPlace(state, window);
   giveUpForeground(state, window);
 }
@@ -37,6 +41,8 @@ void minimize(PlatformState& state, Window& window) {
 void restore(PlatformState& state, Window& window) {
   if (!window.minimized) return;
   window.minimized = false;
+  invalidateWindow(state, window);
+  recomputeFrame(state, window);
   if (window.ofHost) tellPlace(state, window);
 }
 
@@ -44,14 +50,16 @@ void restore(PlatformState& state, Window& window) {
 
 bool isShown(const Window& window) { return window.visible && (window.parent == nullptr || isShown(*window.parent)); }
 
-void changeVisibility(PlatformState& state, Window& window, bool visible) {
+void changeVisibility(PlatformState& state, Window& window, bool visible, Activation activation) {
   if (window.visible == visible) return;
   if (window.ofHost) deliver(state, window, WM_SHOWWINDOW, visible ? TRUE : FALSE, 0);
   if (window.destroyed) return;
   window.visible = visible;
   if (visible) {
-    finishFirstShowing(state, window);
+    invalidateWindow(state, window);
+    finishFirstShowing(state, window, activation);
   } else {
+    forgetUpdate(state, window);
     giveUpForeground(state, window);
   }
 }
@@ -60,15 +68,19 @@ bool changeShowState(PlatformState& state, Window& window, int command, std::str
   const bool wasVisible = window.visible;
   switch (command) {
     case SW_HIDE:
-      changeVisibility(state, window, false);
+      changeVisibility(state, window, false, Activation::none);
       break;
     case SW_SHOW:
-      changeVisibility(state, window, true);
+      changeVisibility(state, window, true, Activation::allowed);
       break;
     case SW_SHOWNORMAL:
     case SW_RESTORE:
       restore(state, window);
-      changeVisibility(state, window, true);
+      changeVisibility(state, window, true, Activation::allowed);
+      break;
+    case SW_SHOWNOACTIVATE:
+      restore(state, window);
+      changeVisibility(state, window, true, Activation::none);
       break;
     case SW_MINIMIZE:
       minimize(state, window);

@@ -8,6 +8,7 @@
 #include "windows/messages.h"
 #include "windows/show_state.h"
 #include "windows/wide_text.h"
+#include "windows/win_event_hook.h"
 #include "windows/window_geometry.h"
 
 namespace orvane::simulation {
@@ -68,13 +69,15 @@ void PlatformState::foregroundMoved(Window* from, Window* to) {
       }
     });
   }
+  if (to != nullptr && !to->ofHost) input.lastInFront[to->threadId] = to;
+  announceToHooks(*this, to);
 }
 
 void PlatformState::closeAsked(Window& window) { postMessage(*this, window, WM_CLOSE, 0, 0); }
 
 void PlatformState::minimizeAsked(Window& window) {
   queue.events.push_back([this, &window] {
-    if (!window.destroyed) changeShowState(*this, window, SW_MINIMIZE, "minimize");
+    if (!window.destroyed && window.visible) changeShowState(*this, window, SW_MINIMIZE, "minimize");
   });
 }
 

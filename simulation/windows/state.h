@@ -12,6 +12,8 @@
 #include <vector>
 
 #include "windows/engine_room.h"
+#include "windows/gdi.h"
+#include "windows/menus.h"
 #include "windows/platform.h"
 
 namespace orvane::simulation {
@@ -19,6 +21,14 @@ namespace orvane::simulation {
 struct WindowClass {
   std::wstring name;
   WNDPROC procedure = nullptr;
+  UINT style = 0;
+};
+
+// What of a window has to be drawn: all of it or nothing.
+struct UpdateState {
+  bool isDirty = false;
+  bool erases = false;         // the background is to be erased first
+  int unansweredRequests = 0;  // WM_PAINT since the last drawing
 };
 
 // What the platform keeps of a window of the host beside its place on the desktop.
@@ -27,9 +37,11 @@ struct HostWindow {
   std::wstring windowClass;  // folded; empty for a window of the embedding library
   WNDPROC procedure = nullptr;
   LONG_PTR userData = 0;
-  int thread = 0;  // ordinal of the simulated thread that made it
+  std::uint32_t frameStyle = 0;  // the style that its frame was last computed from
+  int thread = 0;                // ordinal of the simulated thread that made it
   bool isDying = false;
   bool wasShown = false;
+  UpdateState update;
   LRESULT smallIcon = 0;
   LRESULT bigIcon = 0;
 };
@@ -47,6 +59,7 @@ struct InputQueue {
   Window* active = nullptr;
   Window* focus = nullptr;
   std::multiset<std::pair<DWORD, DWORD>> attached;
+  std::map<DWORD, const Window*> lastInFront;  // of other programs, by thread
   int batches = 0;
 };
 
@@ -96,6 +109,11 @@ class PlatformState : public HostWindows {
   std::map<HANDLE, KernelObject> kernelObjects;
   std::uintptr_t nextKernelHandle = 0x104;
   int libraryReferences = 0;
+  std::map<HWINEVENTHOOK, WINEVENTPROC> eventHooks;  // on the foreground, in the order of their making
+  std::uintptr_t nextEventHook = 0x30201;
+
+  GdiRoom gdi;
+  MenuRoom menus;
 
   std::map<int, int> apartments;  // depth by simulated thread
   std::deque<std::unique_ptr<ComShell>> comObjects;

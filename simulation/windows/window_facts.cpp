@@ -39,6 +39,13 @@ const Window& parentOf(const Window& window) {
   return *window.parent;
 }
 
+// As much of the text as fits before the closing NUL; returns how much that is.
+int copyCut(const std::wstring& text, LPWSTR buffer, int capacity) {
+  const int copied = std::min(static_cast<int>(text.size()), capacity - 1);
+  *std::copy_n(text.begin(), copied, buffer) = L'\0';
+  return copied;
+}
+
 }  // namespace
 
 LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) {
@@ -99,6 +106,44 @@ BOOL EnumWindows(WNDENUMPROC visit, LPARAM parameter) {
   });
 }
 
+HWND GetTopWindow(HWND parent) {
+  PlatformState& state = stateFor("GetTopWindow");
+  if (const auto fault = enter("GetTopWindow")) return faulted<HWND>(*fault);
+  if (parent != nullptr) stopRun("GetTopWindow", "the order of child windows isn't modelled");
+  const std::vector<Window*>& order = state.desktop.zOrder();
+  return order.empty() ? nullptr : handleOf(order.front());
+}
+
+HWND GetWindow(HWND window, UINT relation) {
+  PlatformState& state = stateFor("GetWindow");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("GetWindow", about)) return faulted<HWND>(*fault);
+  if (relation != GW_HWNDNEXT) stopRun("GetWindow", "a relation other than the next window isn't modelled");
+  if (about == nullptr) return failWith<HWND>(ERROR_INVALID_WINDOW_HANDLE);
+  if (about->parent != nullptr) stopRun("GetWindow", "the order of child windows isn't modelled");
+  const std::vector<Window*>& order = state.desktop.zOrder();
+  const auto next = std::find(order.begin(), order.end(), about) + 1;
+  return next == order.end() ? nullptr : handleOf(*next);
+}
+
+int GetClassNameW(HWND window, LPWSTR name, int capacity) {
+  const Window* const about = stateFor("GetClassNameW").liveWindow(window);
+  if (const auto fault = enter("GetClassNameW", about)) return faulted<int>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, 0);
+  if (name == nullptr || capacity <= 0) return failWith(ERROR_INSUFFICIENT_BUFFER, 0);
+  return copyCut(wideFromText(about->className), name, capacity);
+}
+
+// The window's procedure isn't asked.
+BOOL SetWindowTextW(HWND window, LPCWSTR text) {
+  Window* const about = stateFor("SetWindowTextW").liveWindow(window);
+  if (const auto fault = enter("SetWindowTextW", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  if (!about->ofHost) stopRun("SetWindowTextW", "another program's window isn't modelled");
+  about->title = text == nullptr ? Text() : textFromWide(text);
+  return TRUE;
+}
+
 DWORD GetWindowThreadProcessId(HWND window, LPDWORD processId) {
   const Window* const about = stateFor("GetWindowThreadProcessId").liveWindow(window);
   if (const auto fault = enter("GetWindowThreadProcessId", about)) return faulted<DWORD>(*fault);
@@ -123,8 +168,5 @@ int GetWindowTextW(HWND window, LPWSTR text, int capacity) {
   if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, 0);
   setLastError(ERROR_SUCCESS);
   if (text == nullptr || capacity <= 0) return 0;
-  const std::wstring title = wideFromText(state.desktop.windowTitle(*about));
-  const int copied = std::min(static_cast<int>(title.size()), capacity - 1);
-  *std::copy_n(title.begin(), copied, text) = L'\0';
-  return copied;
+  return copyCut(wideFromText(state.desktop.windowTitle(*about)), text, capacity);
 }

@@ -4,28 +4,13 @@
 #include <cstdlib>
 
 #include "windows/messages.h"
+#include "windows/painting.h"
 #include "windows/state.h"
+#include "windows/tracking_sizes.h"
+#include "windows/window_frame.h"
 
 namespace orvane::simulation {
 namespace {
-
-constexpr int standardDpi = 96;
-constexpr int frameSide = 8;
-constexpr int frameTop = 31;
-constexpr std::uint32_t frameStyle = WS_CAPTION | WS_THICKFRAME;
-
-struct FrameWidths {
-  int side = 0;
-  int top = 0;
-};
-
-FrameWidths frameOf(PlatformState& state, const Window& window) {
-  const std::uint32_t present = window.style & frameStyle;
-  if (present == 0) return {};
-  if (present != frameStyle) stopRun("window frame", "a frame that isn't both captioned and sizable isn't modelled");
-  const int dpi = static_cast<int>(dpiOf(state, window));
-  return {scaledBy(frameSide, dpi, standardDpi), scaledBy(frameTop, dpi, standardDpi)};
-}
 
 std::int64_t overlap(const Rectangle& one, const Rectangle& other) {
   const int width = std::min(one.right, other.right) - std::max(one.left, other.left);
@@ -63,19 +48,6 @@ void tellDpiChange(PlatformState& state, const Window& window, int oldDpi, int n
   suggested.right = bounds.left + scaledBy(bounds.width(), newDpi, oldDpi);
   suggested.bottom = bounds.top + scaledBy(bounds.height(), newDpi, oldDpi);
   sendMessage(state, window, WM_DPICHANGED, MAKEWPARAM(newDpi, newDpi), reinterpret_cast<LPARAM>(&suggested));
-}
-
-// What the window allows itself to be dragged to.
-Rectangle limitedBounds(PlatformState& state, const Window& window, const Rectangle& bounds) {
-  const Monitor& monitor = monitorNear(state.desktop, window.bounds);
-  MINMAXINFO limits{};
-  limits.ptMaxSize = {monitor.bounds.width(), monitor.bounds.height()};
-  limits.ptMaxTrackSize = {32767, 32767};
-  sendMessage(state, window, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
-  const auto limited = [](int size, LONG least, LONG most) { return std::max<int>(std::min<int>(size, most), least); };
-  const int width = limited(bounds.width(), limits.ptMinTrackSize.x, limits.ptMaxTrackSize.x);
-  const int height = limited(bounds.height(), limits.ptMinTrackSize.y, limits.ptMaxTrackSize.y);
-  return {bounds.left, bounds.top, bounds.left + width, bounds.top + height};
 }
 
 }  // namespace
@@ -127,16 +99,19 @@ Rectangle clientOnScreen(PlatformState& state, const Window& window) {
   return {client.left, client.top, std::max(client.left, client.right), std::max(client.top, client.bottom)};
 }
 
-void changeBounds(PlatformState& state, Window& window, const Rectangle& bounds) {
+void changeBounds(PlatformState& state, Window& window, const Rectangle& bounds, Frame frame) {
   if (!window.ofHost) {
     window.bounds = bounds;
     return;
   }
   const Rectangle before = clientOnScreen(state, window);
   const auto oldDpi = static_cast<int>(dpiOf(state, window));
+  const bool isResized = window.bounds.width() != bounds.width() || window.bounds.height() != bounds.height();
   window.bounds = bounds;
+  if (isResized || frame == Frame::recomputed) recomputeFrame(state, window);
   const auto newDpi = static_cast<int>(dpiOf(state, window));
   const Rectangle after = clientOnScreen(state, window);
+  invalidateResized(state, window, before, after);
   if (before.left != after.left || before.top != after.top) tellPosition(state, window, after);
   if (before.width() != after.width() || before.height() != after.height()) tellSize(state, window, after);
   if (window.parent == nullptr && newDpi != oldDpi) tellDpiChange(state, window, oldDpi, newDpi);
@@ -149,11 +124,11 @@ void tellPlace(PlatformState& state, const Window& window) {
 }
 
 void dragBorder(PlatformState& state, Window& window, const Rectangle& bounds) {
-  if (window.destroyed || window.minimized) return;
+  if (window.destroyed || window.minimized || !window.visible) return;
   sendMessage(state, window, WM_ENTERSIZEMOVE, 0, 0);
   RECT dragged = rectOf(limitedBounds(state, window, bounds));
   sendMessage(state, window, WM_SIZING, WMSZ_BOTTOMRIGHT, reinterpret_cast<LPARAM>(&dragged));
-  changeBounds(state, window, rectangleOf(dragged));
+  changeBounds(state, window, rectangleOf(dragged), Frame::kept);
   sendMessage(state, window, WM_EXITSIZEMOVE, 0, 0);
 }
 

@@ -21,9 +21,12 @@ std::uint32_t dpiOfMonitor(const Desktop& desktop, HMONITOR monitor);
 Rectangle screenBounds(PlatformState& state, const Window& window);
 Rectangle clientOnScreen(PlatformState& state, const Window& window);
 
+// Whether a window keeps its frame where its size stays the same; with another size it never does.
+enum class Frame { kept, recomputed };
+
 // Gives a window a new place: its parent's client coordinates for a child, else the screen's. A
-// window of the host hears of what changed.
-void changeBounds(PlatformState& state, Window& window, const Rectangle& bounds);
+// window of the host hears of what changed. Of an iconic one it is the place that it comes back to.
+void changeBounds(PlatformState& state, Window& window, const Rectangle& bounds, Frame frame);
 
 // WM_MOVE and WM_SIZE as the window stands.
 void tellPlace(PlatformState& state, const Window& window);

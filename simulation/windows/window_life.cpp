@@ -8,7 +8,9 @@
 #include "windows/messages.h"
 #include "windows/show_state.h"
 #include "windows/state.h"
+#include "windows/tracking_sizes.h"
 #include "windows/wide_text.h"
+#include "windows/window_frame.h"
 
 namespace orvane::simulation {
 namespace {
@@ -27,11 +29,11 @@ struct ClassName {
 constexpr ClassName classNames[] = {{L"orvane_clean_background_rc310", "backdrop"}};
 
 std::string nameOfClass(PlatformState& state, const std::wstring& windowClass) {
-  if (state.mainClass.empty()) state.mainClass = windowClass;
-  if (windowClass == state.mainClass) return "main";
   for (const ClassName& known : classNames) {
     if (known.windowClass == windowClass) return std::string(known.id);
   }
+  if (state.mainClass.empty()) state.mainClass = windowClass;
+  if (windowClass == state.mainClass) return "main";
   return utf8FromText(textFromWide(windowClass));
 }
 
@@ -78,11 +80,13 @@ Window& placeOnDesktop(PlatformState& state, const WindowClass& windowClass, con
   window.exStyle = completedExStyle(window.style, creation.dwExStyle) & ~static_cast<DWORD>(WS_EX_TOPMOST);
   if ((creation.dwExStyle & WS_EX_TOPMOST) != 0) state.desktop.setTopmost(window, true);
   adopt(state, window, key, windowClass.procedure);
+  recomputeFrame(state, window);
   return window;
 }
 
-// The window's procedure has the last word on both messages.
+// The window's procedure has the last word on its size and on both messages of the creation.
 bool introduce(PlatformState& state, Window& window, const CREATESTRUCTW& creation) {
+  window.bounds = limitedBounds(state, window, window.bounds);
   const auto parameter = reinterpret_cast<LPARAM>(&creation);
   if (sendMessage(state, window, WM_NCCREATE, 0, parameter) == FALSE) {
     sendMessage(state, window, WM_NCDESTROY, 0, 0);
@@ -123,6 +127,7 @@ void finishEnd(PlatformState& state, Window& window) {
   for (Window* child : childrenOf(state, window)) finishEnd(state, *child);
   if (window.destroyed) return;
   sendMessage(state, window, WM_NCDESTROY, 0, 0);
+  window.properties.clear();
   forgetInQueue(state, window);
   const OwnForegroundCall guard(state);
   state.desktop.destroyWindow(window);
@@ -166,7 +171,8 @@ ATOM RegisterClassW(const WNDCLASSW* windowClass) {
   if (windowClass->lpszClassName == nullptr || windowClass->lpfnWndProc == nullptr) {
     return failWith<ATOM>(ERROR_INVALID_PARAMETER);
   }
-  const WindowClass entry{windowClass->lpszClassName, windowClass->lpfnWndProc};
+  if (windowClass->hbrBackground != nullptr) stopRun("RegisterClassW", "a background brush isn't modelled");
+  const WindowClass entry{windowClass->lpszClassName, windowClass->lpfnWndProc, windowClass->style};
   const bool isNew = state.classes.emplace(foldedName(entry.name), entry).second;
   if (!isNew) return failWith<ATOM>(ERROR_CLASS_ALREADY_EXISTS);
   return static_cast<ATOM>(firstAtom + state.classes.size());
@@ -197,7 +203,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR title, DWORD styl
   if (parent != nullptr && state.liveWindow(parent) == nullptr) return failWith<HWND>(ERROR_INVALID_WINDOW_HANDLE);
   Window& window = placeOnDesktop(state, found->second, creation);
   if (!introduce(state, window, creation)) return nullptr;
-  if ((style & WS_VISIBLE) != 0) changeVisibility(state, window, true);
+  if ((style & WS_VISIBLE) != 0) changeVisibility(state, window, true, Activation::allowed);
   return handleOf(&window);
 }
 

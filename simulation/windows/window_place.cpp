@@ -3,6 +3,7 @@
 #include "windows/call.h"
 #include "windows/show_state.h"
 #include "windows/state.h"
+#include "windows/tracking_sizes.h"
 #include "windows/window_geometry.h"
 #include "windows/window_life.h"
 
@@ -13,7 +14,6 @@ namespace {
 constexpr UINT modelledFlags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED |
                                SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_NOOWNERZORDER;
 constexpr UINT untouchedPlace = SWP_NOSIZE | SWP_NOMOVE;
-constexpr std::uintptr_t firstMonitorHandle = 0x10001;
 
 RECT rectOf(const Rectangle& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
 
@@ -37,14 +37,16 @@ bool changeOrder(PlatformState& state, Window& window, HWND insertAfter) {
 }
 
 void changePlace(PlatformState& state, Window& window, const Rectangle& place, UINT flags) {
-  if ((flags & untouchedPlace) == untouchedPlace) return;
-  if (window.minimized) stopRun("SetWindowPos", "the place of an iconic window isn't modelled");
+  const bool isFrameChanged = (flags & SWP_FRAMECHANGED) != 0;
+  if ((flags & untouchedPlace) == untouchedPlace && !isFrameChanged) return;
   const Rectangle before = window.bounds;
   const int left = (flags & SWP_NOMOVE) != 0 ? before.left : place.left;
   const int top = (flags & SWP_NOMOVE) != 0 ? before.top : place.top;
   const int width = (flags & SWP_NOSIZE) != 0 ? before.width() : place.width();
   const int height = (flags & SWP_NOSIZE) != 0 ? before.height() : place.height();
-  changeBounds(state, window, {left, top, left + width, top + height});
+  const Rectangle wanted{left, top, left + width, top + height};
+  const Rectangle allowed = (flags & SWP_NOSIZE) != 0 ? wanted : limitedBounds(state, window, wanted);
+  changeBounds(state, window, allowed, isFrameChanged ? Frame::recomputed : Frame::kept);
 }
 
 Rectangle placed(int x, int y, int width, int height) {
@@ -72,6 +74,17 @@ BOOL GetWindowRect(HWND window, LPRECT bounds) {
   return TRUE;
 }
 
+BOOL ClientToScreen(HWND window, LPPOINT point) {
+  PlatformState& state = stateFor("ClientToScreen");
+  const Window* const about = state.liveWindow(window);
+  if (const auto fault = enter("ClientToScreen", about)) return faulted<BOOL>(*fault);
+  if (about == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
+  const Rectangle onScreen = clientOnScreen(state, *about);
+  point->x += onScreen.left;
+  point->y += onScreen.top;
+  return TRUE;
+}
+
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL) {
   PlatformState& state = stateFor("MoveWindow");
   Window* const about = state.liveWindow(window);
@@ -91,8 +104,9 @@ BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int he
     return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
   }
   changePlace(state, *about, placed(x, y, width, height), flags);
-  if ((flags & SWP_SHOWWINDOW) != 0) changeVisibility(state, *about, true);
-  if ((flags & SWP_HIDEWINDOW) != 0) changeVisibility(state, *about, false);
+  const Activation activation = (flags & SWP_NOACTIVATE) != 0 ? Activation::none : Activation::allowed;
+  if ((flags & SWP_SHOWWINDOW) != 0) changeVisibility(state, *about, true, activation);
+  if ((flags & SWP_HIDEWINDOW) != 0) changeVisibility(state, *about, false, activation);
   return TRUE;
 }
 
@@ -118,28 +132,9 @@ BOOL BringWindowToTop(HWND window) {
   return changeOrder(state, *about, HWND_TOP) ? TRUE : FALSE;
 }
 
-HMONITOR MonitorFromPoint(POINT point, DWORD flags) {
-  PlatformState& state = stateFor("MonitorFromPoint");
-  if (const auto fault = enter("MonitorFromPoint")) return faulted<HMONITOR>(*fault);
-  if (flags != MONITOR_DEFAULTTONEAREST) stopRun("MonitorFromPoint", "flags other than the nearest aren't modelled");
-  const Monitor& monitor = monitorNear(state.desktop, {point.x, point.y, point.x + 1, point.y + 1});
-  const auto index = static_cast<std::uintptr_t>(&monitor - state.desktop.monitors.data());
-  return reinterpret_cast<HMONITOR>(firstMonitorHandle + 2 * index);
-}
-
 UINT GetDpiForWindow(HWND window) {
   PlatformState& state = stateFor("GetDpiForWindow");
   const Window* const about = state.liveWindow(window);
   if (const auto fault = enter("GetDpiForWindow", about)) return faulted<UINT>(*fault);
   return about == nullptr ? failWith<UINT>(ERROR_INVALID_WINDOW_HANDLE) : dpiOf(state, *about);
 }
-
-namespace orvane::simulation {
-
-std::uint32_t dpiOfMonitor(const Desktop& desktop, HMONITOR monitor) {
-  const auto offset = reinterpret_cast<std::uintptr_t>(monitor) - firstMonitorHandle;
-  const bool isKnown = monitor != nullptr && offset % 2 == 0 && offset / 2 < desktop.monitors.size();
-  return desktop.monitors[isKnown ? offset / 2 : 0].dpi;
-}
-
-}  // namespace orvane::simulation

@@ -44,6 +44,7 @@ inline constexpr std::string_view processHandles = "processHandles";
 inline constexpr std::string_view threadInputs = "threadInputs";
 inline constexpr std::string_view hooks = "hooks";
 inline constexpr std::string_view openClipboard = "openClipboard";
+inline constexpr std::string_view taskStrings = "taskStrings";
 }  // namespace held_kind
 
 // The books of the platform: how often each operation was called, which calls fail, what is held.
@@ -71,6 +72,7 @@ class Books {
       {std::string(held_kind::menus), 0},          {std::string(held_kind::gdiObjects), 0},
       {std::string(held_kind::processHandles), 0}, {std::string(held_kind::threadInputs), 0},
       {std::string(held_kind::hooks), 0},          {std::string(held_kind::openClipboard), 0},
+      {std::string(held_kind::taskStrings), 0},
   };
 };
 

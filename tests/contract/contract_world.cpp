@@ -35,4 +35,20 @@ void ContractTest::leaveOnClipboard(const std::wstring& text) {
 
 void ContractTest::leaveClipboardEmpty() { currentWorld()->desktop.clipboard.replace({}); }
 
+void ContractTest::chooseInNextMenu(int entry) { currentWorld()->desktop.nextMenuChoice = entry; }
+
+HWND ContractTest::openOtherProgram() {
+  simulation::WindowPlan plan;
+  plan.id = "other";
+  plan.process = "other.exe";
+  plan.className = u"OtherProgram";
+  const simulation::Window& window = currentWorld()->desktop.addWindow(plan);
+  return reinterpret_cast<HWND>(static_cast<std::uintptr_t>(window.handle));
+}
+
+void ContractTest::bringToFront(HWND window) {
+  simulation::Desktop& desktop = currentWorld()->desktop;
+  desktop.moveForeground(desktop.windowByHandle(reinterpret_cast<std::uintptr_t>(window)));
+}
+
 }  // namespace orvane::contract

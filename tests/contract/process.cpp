@@ -19,6 +19,15 @@ DWORD WINAPI noteTime(void* place) {
   return 0;
 }
 
+DWORD ownProcessId() {
+  const OwnClass windowClass(L"OrvaneContractProcess");
+  const HWND window = windowClass.makeWindow();
+  DWORD processId = 0;
+  ::GetWindowThreadProcessId(window, &processId);
+  ::DestroyWindow(window);
+  return processId;
+}
+
 TEST_F(Process, Ticks_GoOn_WhileItSleeps) {
   const ULONGLONG before = ::GetTickCount64();
   ::Sleep(50);
@@ -76,6 +85,27 @@ TEST_F(Process, Image_IsNamedByItsFullPath) {
   EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
   EXPECT_NE(::CloseHandle(process), FALSE);
   ::DestroyWindow(window);
+}
+
+TEST_F(Process, OwnImage_IsNamedByItsModuleToo) {
+  wchar_t path[0x8000] = {};
+  const DWORD length = ::GetModuleFileNameW(nullptr, path, 0x8000);
+  ASSERT_GT(length, 0u);
+  EXPECT_EQ(length, std::wcslen(path));
+  const HANDLE process = ::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, ownProcessId());
+  ASSERT_NE(process, nullptr);
+  wchar_t image[0x8000] = {};
+  DWORD size = 0x8000;
+  ASSERT_NE(::QueryFullProcessImageNameW(process, 0, image, &size), FALSE);
+  EXPECT_EQ(std::wstring(path), std::wstring(image));
+  EXPECT_NE(::CloseHandle(process), FALSE);
+}
+
+TEST_F(Process, OwnImage_IsCutToTheBuffer) {
+  wchar_t path[4] = {L'x', L'x', L'x', L'x'};
+  EXPECT_EQ(::GetModuleFileNameW(nullptr, path, 4), 4u);
+  EXPECT_EQ(::GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+  EXPECT_EQ(std::wcslen(path), 3u);
 }
 
 TEST_F(Process, OpenProcess_Fails_WhenThereIsNone) {

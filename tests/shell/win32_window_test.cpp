@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ScaleRow{"OffscreenPlain", 96, {-32000, -32000}, {1280, 720}, {-32000, -32000, -30720, -31280}},
                       ScaleRow{
                           "OffscreenOneAndAHalf", 144, {-32000, -32000}, {1280, 720}, {-48000, -48000, -46080, -46920}},
-                      ScaleRow{"TowardsZero", 120, {-11, 11}, {101, 103}, {-13, 13, 113, 141}}),
+                      ScaleRow{"TowardsZero", 120, {-11, 11}, {201, 103}, {-13, 13, 238, 141}}),
     nameOfRow<ScaleRow>);
 
 TEST(Win32WindowCreate, IsFalse_WhenThePlatformMakesNoWindow) {

@@ -51,7 +51,7 @@ TEST_F(BooksTest, Fault_MeetsOnlyTheElementAndWindowItNames) {
 }
 
 TEST_F(BooksTest, HeldKinds_AllStandAtZero_WhenNothingWasTaken) {
-  EXPECT_EQ(books.held().size(), 10u);
+  EXPECT_EQ(books.held().size(), 11u);
   books.hold(held_kind::bstrs, 2);
   books.hold(held_kind::bstrs, -1);
   EXPECT_EQ(books.held().at("bstrs"), 1);

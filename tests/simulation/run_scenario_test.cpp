@@ -126,5 +126,16 @@ TEST(PersonPrinter, ReadsTheTrace_AndNeverThePrompt) {
   EXPECT_NE(describeForPerson(scenario, reportOf(scenario), true).find("\x1b[31mFAIL"), std::string::npos);
 }
 
+TEST(PersonPrinter, Menus_AreShownWithWhatWasChosen) {
+  const Scenario scenario = readScenario(R"({"steps":[{"user":{"chooseMenu":2}},
+      {"call":{"channel":"orvane/window","method":"showNativeHotKeysMenu",
+        "arguments":{"items":[{"action":"copy","label":"Copy"},{"action":"paste","label":"Paste"}]}}},
+      {"call":{"channel":"orvane/window","method":"showNativeHotKeysMenu",
+        "arguments":{"items":[{"action":"copy","label":"Copy"}]}}}]})");
+  const std::string text = describeForPerson(scenario, reportOf(scenario), false);
+  EXPECT_NE(text.find("  menu        entry 2 of 2 chosen\n  menu        none of 1 chosen\n"), std::string::npos)
+      << text;
+}
+
 }  // namespace
 }  // namespace orvane::simulation

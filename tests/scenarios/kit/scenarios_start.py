@@ -136,7 +136,7 @@ def console_and_apartment():
                 NORMAL, calls={"freopen_s": 2, "_fileno": 2, "_dup2": 2, "FlutterDesktopResyncOutputStreams": 1},
                 faults=[debugged, fault("freopen_s", 2, times=2)])
     yield start("apartment-refused", "the start goes on when the apartment can't be entered", NORMAL,
-                calls={"GetMessageW": 2}, faults=[fault("CoInitializeEx", "0x80010106")])
+                calls={"GetMessageW": 3}, faults=[fault("CoInitializeEx", "0x80010106")])
 
 
 def endings():
