@@ -3,20 +3,13 @@
 #include <array>
 #include <string_view>
 
-#include "embedding/unique_resource.h"
+#include "activation/process_handle.h"
 #include "provider_identity/text_rules.h"
 
 namespace orvane {
 namespace {
 
 constexpr DWORD imagePathCapacityUnits = 1040;
-
-struct ProcessHandleTraits {
-  using Value = HANDLE;
-  static constexpr Value invalid() noexcept { return nullptr; }
-  static void release(Value value) noexcept { ::CloseHandle(value); }
-};
-using UniqueProcessHandle = UniqueResource<ProcessHandleTraits>;
 
 }  // namespace
 

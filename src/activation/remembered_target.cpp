@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "browser_channel/call_arguments.h"
+#include "embedding/call_arguments.h"
 #include "embedding/utf_conversion.h"
 
 namespace orvane {

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 
-#include "browser_channel/call_arguments.h"
 #include "browser_channel/delivery.h"
 #include "browser_channel/elapsed_trace.h"
 #include "browser_channel/settled_providers.h"
@@ -16,6 +15,7 @@
 #include "composer/foreground.h"
 #include "composer/prompt_box.h"
 #include "composer/prompt_state.h"
+#include "embedding/call_arguments.h"
 #include "embedding/utf_conversion.h"
 #include "provider_identity/provider_tables.h"
 #include "provider_identity/text_rules.h"

@@ -10,11 +10,12 @@
 #include <utility>
 
 #include "activation/standard_activation.h"
-#include "browser_channel/call_arguments.h"
 #include "browser_channel/paste_and_submit.h"
 #include "composer/foreground.h"
 #include "composer/prompt_box.h"
 #include "composer/prompt_state.h"
+#include "embedding/call_arguments.h"
+#include "embedding/reply_map.h"
 #include "embedding/utf_conversion.h"
 
 namespace orvane {
@@ -29,15 +30,9 @@ struct CommandContext {
 // ShellExecuteW tells success by a value above this one.
 constexpr INT_PTR greatestShellError = 32;
 
-EncodableMap successReply(bool success) {
-  EncodableMap reply;
-  reply.emplace(EncodableValue("success"), EncodableValue(success));
-  return reply;
-}
-
-EncodableMap successReply(bool success, const std::string& message) {
+EncodableMap messageReply(bool success, const std::string& message) {
   EncodableMap reply = successReply(success);
-  reply.emplace(EncodableValue("message"), EncodableValue(message));
+  addToReply(reply, "message", message);
   return reply;
 }
 
@@ -61,7 +56,7 @@ EncodableMap openExternalUrl(const CommandContext& context) {
 
 EncodableMap activateOrvaneWindow(const CommandContext& context) {
   const bool isRestored = restoreToFront(context.readViewWindow());
-  return successReply(isRestored, isRestored ? "PASS: Orvane restored after quiet multi-AI send"
+  return messageReply(isRestored, isRestored ? "PASS: Orvane restored after quiet multi-AI send"
                                              : "FAIL: Orvane could not be restored");
 }
 
@@ -75,7 +70,7 @@ EncodableMap focusProviderInput(const CommandContext& context) {
   const std::string name = stringEntry(context.arguments, "name");
   std::string detail;
   const bool isFocused = foreground != nullptr && verifyPromptBox(foreground, name, &detail);
-  return successReply(isFocused, isFocused ? "PASS: cursor placed in final AI chat input" : "FAIL: " + detail);
+  return messageReply(isFocused, isFocused ? "PASS: cursor placed in final AI chat input" : "FAIL: " + detail);
 }
 
 EncodableMap getProviderResponseState(const CommandContext& context) {
@@ -88,9 +83,9 @@ EncodableMap getProviderResponseState(const CommandContext& context) {
     isResponding = isRespondingControlVisible(foreground, &detail);
   }
   EncodableMap reply;
-  reply.emplace(EncodableValue("observed"), EncodableValue(isObserved));
-  reply.emplace(EncodableValue("responding"), EncodableValue(isResponding));
-  reply.emplace(EncodableValue("detail"), EncodableValue(detail));
+  addToReply(reply, "observed", isObserved);
+  addToReply(reply, "responding", isResponding);
+  addToReply(reply, "detail", detail);
   return reply;
 }
 

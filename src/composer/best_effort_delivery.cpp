@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "browser_channel/elapsed_trace.h"
-#include "composer/clipboard_text.h"
+#include "clipboard/clipboard_text.h"
 #include "composer/delivery_keys.h"
 #include "composer/uia_operations.h"
 #include "embedding/utf_conversion.h"

@@ -5,8 +5,9 @@
 #include <optional>
 #include <vector>
 
-#include "browser_channel/call_arguments.h"
+#include "composer/input_attachment.h"
 #include "composer/window_text.h"
+#include "embedding/call_arguments.h"
 #include "embedding/unique_resource.h"
 #include "embedding/utf_conversion.h"
 #include "provider_identity/text_rules.h"
@@ -26,28 +27,6 @@ struct ThreadHandleTraits {
   static void release(Value value) noexcept { ::CloseHandle(value); }
 };
 using UniqueThreadHandle = UniqueResource<ThreadHandleTraits>;
-
-// The calling thread's input queue joined to another thread's, for as long as this lives.
-class InputAttachment {
- public:
-  InputAttachment(DWORD callingThread, DWORD otherThread)
-      : callingThread_(callingThread),
-        otherThread_(otherThread),
-        isAttached_(otherThread != 0 && otherThread != callingThread &&
-                    ::AttachThreadInput(callingThread, otherThread, TRUE) != FALSE) {}
-  ~InputAttachment() {
-    if (isAttached_) {
-      ::AttachThreadInput(callingThread_, otherThread_, FALSE);
-    }
-  }
-  InputAttachment(const InputAttachment&) = delete;
-  InputAttachment& operator=(const InputAttachment&) = delete;
-
- private:
-  DWORD callingThread_;
-  DWORD otherThread_;
-  bool isAttached_;
-};
 
 struct InputThreads {
   DWORD calling = 0;

@@ -11,7 +11,9 @@ std::wstring wideFromUtf8(std::string_view utf8) {
     return {};
   }
   std::wstring wide(static_cast<std::size_t>(unitCount), L'\0');
-  ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), byteCount, wide.data(), unitCount);
+  if (::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), byteCount, wide.data(), unitCount) <= 0) {
+    return {};
+  }
   return wide;
 }
 
@@ -23,7 +25,9 @@ std::string utf8FromWide(std::wstring_view wide) {
     return {};
   }
   std::string utf8(static_cast<std::size_t>(byteCount), '\0');
-  ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), unitCount, utf8.data(), byteCount, nullptr, nullptr);
+  if (::WideCharToMultiByte(CP_UTF8, 0, wide.data(), unitCount, utf8.data(), byteCount, nullptr, nullptr) <= 0) {
+    return {};
+  }
   return utf8;
 }
 

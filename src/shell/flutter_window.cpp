@@ -3,10 +3,31 @@
 #include <utility>
 
 #include "browser_channel/provider_command_handler.h"
+#include "desktop/clean_background_window.h"
+#include "desktop/content_process.h"
+#include "desktop/menu_drawing.h"
+#include "desktop/previous_window.h"
+#include "desktop/window_command_handler.h"
+#include "desktop/window_geometry.h"
 #include "embedding/flutter_library.h"
 #include "embedding/standard_method_codec.h"
 
 namespace orvane {
+namespace {
+
+// One hook for the process.
+HWINEVENTHOOK& foregroundHook() {
+  static HWINEVENTHOOK hook = nullptr;
+  return hook;
+}
+
+void removeForegroundHook() {
+  if (HWINEVENTHOOK hook = std::exchange(foregroundHook(), nullptr)) {
+    ::UnhookWinEvent(hook);
+  }
+}
+
+}  // namespace
 
 FlutterWindow::FlutterWindow(const DartProject& project) : project_(project) {}
 
@@ -22,7 +43,9 @@ bool FlutterWindow::OnCreate() {
     return false;
   }
   registerPlugins();
+  installForegroundHook();
   openBrowserChannel();
+  openWindowChannel();
   SetChildContent(viewWindow());
   controller_->engine()->SetNextFrameCallback([this] { Show(); });
   ::FlutterDesktopViewControllerForceRedraw(controller_->handle());
@@ -30,12 +53,49 @@ bool FlutterWindow::OnCreate() {
 }
 
 void FlutterWindow::OnDestroy() {
+  destroyCleanBackgroundOf(GetHandle());
+  removeForegroundHook();
+  windowChannel_.reset();
   browserChannel_.reset();
   controller_.reset();
   Win32Window::OnDestroy();
 }
 
 LRESULT FlutterWindow::MessageHandler(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case showToolBoxMessage:
+      showToolBoxMenu();
+      return 0;
+    case WM_DESTROY:
+      destroyCleanBackgroundOf(window);
+      break;
+    case WM_ACTIVATE:
+      noteActivation(window, wparam, lparam);
+      break;
+    case WM_MEASUREITEM:
+      if (lparam != 0 && measureMenuItem(window, reinterpret_cast<MEASUREITEMSTRUCT*>(lparam))) {
+        return 1;
+      }
+      break;
+    case WM_DRAWITEM:
+      if (lparam != 0 && drawMenuItem(window, reinterpret_cast<const DRAWITEMSTRUCT*>(lparam))) {
+        return 1;
+      }
+      break;
+    case WM_GETMINMAXINFO:
+      if (compactMode_ && lparam != 0) {
+        limitCompactTracking(window, *reinterpret_cast<MINMAXINFO*>(lparam));
+        return 0;
+      }
+      break;
+    default:
+      break;
+  }
+  return passOn(window, message, wparam, lparam);
+}
+
+// The view has the first say over what this window doesn't finish by itself.
+LRESULT FlutterWindow::passOn(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
   if (controller_ != nullptr) {
     LRESULT result = 0;
     if (::FlutterDesktopViewControllerHandleTopLevelWindowProc(controller_->handle(), window, message, wparam, lparam,
@@ -63,6 +123,32 @@ void FlutterWindow::openBrowserChannel() {
                                             const MethodCall& call, std::unique_ptr<MethodResult> result) {
     handler.HandleMethodCall(call, std::move(result));
   });
+}
+
+void FlutterWindow::openWindowChannel() {
+  windowChannel_ = std::make_unique<MethodChannel>(controller_->engine()->messenger(), "orvane/window",
+                                                   &StandardMethodCodec::instance());
+  HostWindow host;
+  host.readHandle = [this] { return GetHandle(); };
+  host.setCompactMode = [this](bool isCompact) { compactMode_ = isCompact; };
+  windowChannel_->SetMethodCallHandler(
+      [handler = WindowCommandHandler(std::move(host))](const MethodCall& call, std::unique_ptr<MethodResult> result) {
+        handler.HandleMethodCall(call, std::move(result));
+      });
+}
+
+// Without it WM_ACTIVATE alone tells which window the user worked in.
+void FlutterWindow::installForegroundHook() {
+  if (foregroundHook() == nullptr) {
+    foregroundHook() = ::SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr,
+                                         noteForegroundChange, 0, 0, WINEVENT_OUTOFCONTEXT | WINEVENT_SKIPOWNPROCESS);
+  }
+}
+
+void FlutterWindow::showToolBoxMenu() {
+  if (windowChannel_ != nullptr) {
+    windowChannel_->InvokeMethod("showToolBoxMenu", nullptr, nullptr);
+  }
 }
 
 HWND FlutterWindow::viewWindow() const {

@@ -26,14 +26,21 @@ class FlutterWindow : public Win32Window {
   void OnDestroy() override;
 
  private:
+  LRESULT passOn(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
   void registerPlugins();
+  void installForegroundHook();
   void openBrowserChannel();
+  void openWindowChannel();
+  // Asks the interface to show its tool box.
+  void showToolBoxMenu();
   // The Flutter view's own window; null when there is no controller or no view.
   HWND viewWindow() const;
 
   DartProject project_;
   std::unique_ptr<FlutterViewController> controller_;
   std::unique_ptr<MethodChannel> browserChannel_;
+  std::unique_ptr<MethodChannel> windowChannel_;
+  bool compactMode_ = false;  // the narrow form without a caption
 };
 
 }  // namespace orvane

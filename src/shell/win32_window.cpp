@@ -158,9 +158,10 @@ LRESULT Win32Window::MessageHandler(HWND window, UINT message, WPARAM wparam, LP
       }
       return 0;
     case WM_DPICHANGED: {
-      const auto* suggested = reinterpret_cast<const RECT*>(lparam);
-      ::SetWindowPos(window, nullptr, suggested->left, suggested->top, suggested->right - suggested->left,
-                     suggested->bottom - suggested->top, SWP_NOZORDER | SWP_NOACTIVATE);
+      if (const auto* suggested = reinterpret_cast<const RECT*>(lparam)) {
+        ::SetWindowPos(window, nullptr, suggested->left, suggested->top, suggested->right - suggested->left,
+                       suggested->bottom - suggested->top, SWP_NOZORDER | SWP_NOACTIVATE);
+      }
       return 0;
     }
     case WM_DWMCOLORIZATIONCOLORCHANGED:

@@ -1,10 +1,10 @@
-#include "composer/clipboard_text.h"
+#include "clipboard/clipboard_text.h"
 
 #include <windows.h>
 
 #include <cstring>
 
-#include "embedding/unique_resource.h"
+#include "clipboard/clipboard_owners.h"
 
 namespace orvane {
 namespace {
@@ -12,21 +12,6 @@ namespace {
 constexpr SIZE_T leastBlockBytes = 2;
 constexpr SIZE_T greatestBlockBytes = 8'388'608;
 constexpr std::size_t unitBytes = 2;  // in the block, whatever a wide character measures
-
-struct OpenClipboardTraits {
-  using Value = bool;
-  static constexpr bool invalid() noexcept { return false; }
-  static void release(bool) noexcept { ::CloseClipboard(); }
-};
-
-struct LockedBlockTraits {
-  using Value = HGLOBAL;
-  static constexpr HGLOBAL invalid() noexcept { return nullptr; }
-  static void release(HGLOBAL block) noexcept { ::GlobalUnlock(block); }
-};
-
-using OpenClipboardState = UniqueResource<OpenClipboardTraits>;
-using LockedBlock = UniqueResource<LockedBlockTraits>;
 
 std::wstring textOfBlock(const char* bytes, std::size_t sizeBytes) {
   std::wstring text;
@@ -73,7 +58,7 @@ std::wstring readClipboardText() {
 }
 
 std::optional<std::wstring> takeClipboardText() {
-  const OpenClipboardState clipboard(::OpenClipboard(nullptr) != FALSE);
+  const OpenedClipboard clipboard(::OpenClipboard(nullptr) != FALSE);
   if (!clipboard) {
     return std::nullopt;
   }

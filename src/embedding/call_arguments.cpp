@@ -1,7 +1,9 @@
-#include "browser_channel/call_arguments.h"
+#include "embedding/call_arguments.h"
 
 namespace orvane {
-namespace {
+const EncodableMap* argumentMap(const EncodableValue* arguments) {
+  return arguments == nullptr ? nullptr : std::get_if<EncodableMap>(arguments);
+}
 
 const EncodableValue* findEntry(const EncodableMap* map, const char* key) {
   if (map == nullptr) {
@@ -9,12 +11,6 @@ const EncodableValue* findEntry(const EncodableMap* map, const char* key) {
   }
   const auto entry = map->find(EncodableValue(key));
   return entry == map->end() ? nullptr : &entry->second;
-}
-
-}  // namespace
-
-const EncodableMap* argumentMap(const EncodableValue* arguments) {
-  return arguments == nullptr ? nullptr : std::get_if<EncodableMap>(arguments);
 }
 
 std::string stringEntry(const EncodableMap* map, const char* key) {

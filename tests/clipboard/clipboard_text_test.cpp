@@ -1,5 +1,5 @@
 // What is read of the clipboard, and how its line ends are made equal to a page's.
-#include "composer/clipboard_text.h"
+#include "clipboard/clipboard_text.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

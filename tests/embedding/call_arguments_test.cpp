@@ -1,4 +1,4 @@
-#include "browser_channel/call_arguments.h"
+#include "embedding/call_arguments.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +46,28 @@ TEST(ArgumentMap, CountsAMapAlone) {
     const EncodableMap* map = argumentMap(&value);
     EXPECT_EQ(map, std::get_if<EncodableMap>(&value));
     EXPECT_EQ(map != nullptr, value.kind() == EncodableKind::map);
+  }
+}
+
+TEST(FindEntry, IsNull_WhenThereIsNoMapOrNoKey) {
+  EXPECT_EQ(findEntry(nullptr, key), nullptr);
+  const EncodableMap empty;
+  EXPECT_EQ(findEntry(&empty, key), nullptr);
+  const EncodableMap map{{EncodableValue("Key"), EncodableValue("x")},
+                         {EncodableValue("key "), EncodableValue("x")},
+                         {EncodableValue("ke"), EncodableValue("x")},
+                         {EncodableValue(), EncodableValue("x")},
+                         {EncodableValue(7), EncodableValue("x")}};
+  EXPECT_EQ(findEntry(&map, key), nullptr);
+}
+
+TEST(FindEntry, IsTheMapsOwnValue_WhateverItsKind) {
+  for (const EncodableValue& value : everyKind()) {
+    const EncodableMap map = mapOf(value);
+    const EncodableValue* const found = findEntry(&map, key);
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found, &map.begin()->second);
+    EXPECT_EQ(found->index(), value.index());
   }
 }
 

@@ -12,6 +12,9 @@ namespace orvane {
 // The arguments of a call as a map; null when they are anything else.
 const EncodableMap* argumentMap(const EncodableValue* arguments);
 
+// The value under `key`; null when the map is null or the key absent.
+const EncodableValue* findEntry(const EncodableMap* map, const char* key);
+
 // The string under `key`; empty when the map is null, the key absent or its value no string.
 std::string stringEntry(const EncodableMap* map, const char* key);
 

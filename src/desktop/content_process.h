@@ -1,0 +1,17 @@
+#pragma once
+
+#include <windows.h>
+
+#include "embedding/encodable_value.h"
+
+namespace orvane {
+
+// Posted to the main window of a content process: its interface is to show its tool box.
+inline constexpr UINT showToolBoxMessage = 0x8153;
+
+// Hands the foreground to the main window of another running instance, after posting
+// `showToolBoxMessage` to it where asked for. The keys are those of the method
+// `activateContentProcess`. True when that window has the foreground afterwards.
+bool activateContentProcess(const EncodableMap* arguments);
+
+}  // namespace orvane

@@ -1,0 +1,46 @@
+#include "desktop/own_program.h"
+
+#include <wchar.h>
+#include <string>
+
+#include "activation/process_handle.h"
+
+namespace orvane {
+namespace {
+
+constexpr DWORD pathCapacityUnits = 0x8000;
+
+// Empty when a call fails.
+std::wstring imagePathOf(HWND window) {
+  DWORD processId = 0;
+  ::GetWindowThreadProcessId(window, &processId);
+  const UniqueProcessHandle process(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
+  if (!process) {
+    return {};
+  }
+  std::wstring path(pathCapacityUnits, L'\0');
+  DWORD lengthUnits = pathCapacityUnits;
+  if (::QueryFullProcessImageNameW(process.get(), 0, path.data(), &lengthUnits) == FALSE) {
+    return {};
+  }
+  path.resize(lengthUnits);
+  return path;
+}
+
+std::wstring ownImagePath() {
+  std::wstring path(pathCapacityUnits, L'\0');
+  path.resize(::GetModuleFileNameW(nullptr, path.data(), pathCapacityUnits));
+  return path;
+}
+
+}  // namespace
+
+bool isOwnProgramWindow(HWND window) {
+  const std::wstring path = imagePathOf(window);
+  if (path.empty()) {
+    return false;
+  }
+  return ::_wcsicmp(path.c_str(), ownImagePath().c_str()) == 0;
+}
+
+}  // namespace orvane
