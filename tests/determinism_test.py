@@ -38,6 +38,13 @@ class Complaints(unittest.TestCase):
         self.assertEqual(list(complaints(SCENARIO, report(live={"references": 2}))),
                          ["still held at the end: 2 of references"])
 
+    def test_none_when_a_fault_keeps_it_and_the_scenario_says_so(self):
+        faulted = {**SCENARIO, "desktop": {"faults": [{"call": "Unhook", "result": False}]},
+                   "expect": {"live": {"references": 2}}}
+        self.assertEqual(list(complaints(faulted, report(live={"references": 2}))), [])
+        self.assertEqual(len(list(complaints(faulted, report(live={"references": 1})))), 1)
+        self.assertEqual(len(list(complaints({**faulted, "desktop": {}}, report(live={"references": 2})))), 1)
+
     def test_one_when_the_prompt_is_in_a_trace(self):
         replies = [{"as": "0", "value": {"logs": [f"Pasted {PROMPT}."]}}, {"as": "1"}]
         self.assertEqual(list(complaints(SCENARIO, report(replies=replies))), ["reply 0 holds the prompt"])
