@@ -100,6 +100,8 @@ class Printer {
     line(painted(color::bold, method) + (names.empty() ? "" : margin.data() + painted(color::dim, names)));
     const Json& value = reply.at("value");
     if (value.is_object() && value.contains("logs") && value.at("logs").is_array()) printTrace(reply, value.at("logs"));
+    const std::string facts = replyFacts(value);
+    if (!facts.empty()) line(std::string(margin) + facts);
     line(std::string(margin) + verdict(reply) + margin.data() + painted(color::dim, "took " + tookMs(reply)));
   }
 
@@ -114,6 +116,23 @@ class Printer {
   std::string take() { return std::move(out_); }
 
  private:
+  static std::string replyFact(const std::string& key, const Json& part) {
+    if (part.is_string()) return key == "action" ? writeJson(part) : describeValue(part);
+    if (!part.is_object()) return writeJson(part);
+    return part.contains("$int64") ? writeJson(part.at("$int64")) : "holds data";
+  }
+
+  // What a reply without a trace says beside its success; texts, which may be the user's own, by their length.
+  static std::string replyFacts(const Json& value) {
+    std::string facts;
+    if (!value.is_object() || value.contains("logs") || !value.contains("success")) return facts;
+    for (const auto& [key, part] : value.items()) {
+      if (key == "success" || key == "message") continue;
+      facts += (facts.empty() ? "" : "  ") + key + ' ' + replyFact(key, part);
+    }
+    return facts;
+  }
+
   static std::string tookMs(const Json& reply) {
     return std::to_string(reply.at("endMs").get<std::int64_t>() - reply.at("startMs").get<std::int64_t>()) + " ms";
   }

@@ -38,7 +38,7 @@ std::string formatHeader(const HtmlOffsets& offsets) {
 // The number behind a key of the header; -1 when the key isn't there or begins too far in.
 long long headerNumber(const std::string& block, std::string_view key) {
   const std::size_t at = block.find(key);
-  if (at == std::string::npos || at > greatestKeyOffsetBytes) {
+  if (at > greatestKeyOffsetBytes) {  // npos among them
     return -1;
   }
   constexpr int decimal = 10;
