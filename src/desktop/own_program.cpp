@@ -1,6 +1,6 @@
 #include "desktop/own_program.h"
 
-#include <wchar.h>
+#include <cwchar>
 #include <string>
 
 #include "activation/process_handle.h"
