@@ -49,6 +49,8 @@ std::optional<LONG> presentHeight() {
 // A value between two bounds; the upper one wins where they cross.
 LONG held(LONG wanted, LONG least, LONG most) { return most < wanted ? most : std::max(wanted, least); }
 
+LONG bodyHeight(LONG gap) { return static_cast<LONG>(static_cast<LONGLONG>(gap) * bodyPercent / 100); }
+
 }  // namespace
 
 RECT computeCleanBackgroundRect(HWND owner, bool ignoreCurrentHeight) {
@@ -75,7 +77,7 @@ RECT computeCleanBackgroundRect(HWND owner, bool ignoreCurrentHeight) {
   const LONG width = std::min(main.right - main.left + margin, work.right - left);
   const LONG gap = std::max<LONG>(1, work.bottom - main.bottom);
   if (height <= 0) {
-    height = std::max<LONG>(1, gap * bodyPercent / 100) + frame.caption + frame.bottomBorder;
+    height = std::max<LONG>(1, bodyHeight(gap)) + frame.caption + frame.bottomBorder;
   }
   height = std::min(height, work.bottom - work.top);
   const LONG wantedTop = main.bottom - 2 * frame.bottomBorder - frame.caption;

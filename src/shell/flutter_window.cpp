@@ -96,7 +96,7 @@ LRESULT FlutterWindow::MessageHandler(HWND window, UINT message, WPARAM wparam, 
 
 // The view has the first say over what this window doesn't finish by itself.
 LRESULT FlutterWindow::passOn(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-  if (controller_ != nullptr) {
+  if (controller_ != nullptr && controller_->handle() != nullptr) {
     LRESULT result = 0;
     if (::FlutterDesktopViewControllerHandleTopLevelWindowProc(controller_->handle(), window, message, wparam, lparam,
                                                                &result)) {
