@@ -31,7 +31,13 @@ void removeForegroundHook() {
 
 FlutterWindow::FlutterWindow(const DartProject& project) : project_(project) {}
 
-FlutterWindow::~FlutterWindow() = default;
+// A loop that ended without closing the window leaves the view to this. The view's end sends messages
+// to the window around it, which must find no controller any more: reset() forgets it first.
+FlutterWindow::~FlutterWindow() {
+  windowChannel_.reset();
+  browserChannel_.reset();
+  controller_.reset();
+}
 
 bool FlutterWindow::OnCreate() {
   if (!Win32Window::OnCreate()) {
