@@ -2,7 +2,9 @@
 include_guard()
 
 option(ORVANE_SANITIZED "Run under AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(ORVANE_FUZZED "Build the fuzz targets alone, with clang's fuzzer around them" OFF)
 option(ORVANE_COVERAGE "Count the lines that ran" OFF)
+option(ORVANE_STANDINS "Build what stands around orvane.exe under Wine in place of orvane.exe" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -45,4 +47,13 @@ if(ORVANE_COVERAGE)
   # Simulated threads of one process add to the same counters.
   target_compile_options(orvane_options INTERFACE --coverage -fprofile-update=atomic)
   target_link_options(orvane_options INTERFACE --coverage)
+endif()
+
+if(ORVANE_FUZZED)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "ORVANE_FUZZED needs clang, which brings the fuzzer")
+  endif()
+  # What the fuzzer learns from; the fuzzer itself is linked to its targets.
+  target_compile_options(orvane_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(orvane_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()

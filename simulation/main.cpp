@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <thread>
@@ -25,6 +26,7 @@ struct Request {
   bool json = false;
   bool list = false;
   std::optional<std::string> prompt;
+  std::string report;    // empty: none is given
   std::size_t jobs = 0;  // 0: one for each core
 };
 
@@ -90,6 +92,23 @@ class Runner {
   int status_ = EXIT_SUCCESS;
 };
 
+// Shows a run that was made elsewhere, such as by the real program.
+int show(const Scenario& scenario, const std::string& reportFile) {
+  std::ifstream stream(reportFile, std::ios::binary);
+  const Json report = Json::parse(stream, nullptr, false);
+  if (!report.is_object()) {
+    complain(reportFile, "is no report");
+    return unusable;
+  }
+  try {
+    print(stdout, describeForPerson(scenario, report, isColored()));
+  } catch (const Json::exception& error) {
+    complain(reportFile, error.what());
+    return unusable;
+  }
+  return EXIT_SUCCESS;
+}
+
 int serve(const Request& request) {
   std::optional<std::vector<Scenario>> scenarios = readAll(request.files);
   if (!scenarios) return unusable;
@@ -97,6 +116,7 @@ int serve(const Request& request) {
     for (const Scenario& scenario : *scenarios) print(stdout, scenario.file + "\t" + scenario.name + "\n");
     return EXIT_SUCCESS;
   }
+  if (!request.report.empty()) return show(scenarios->front(), request.report);
   if (request.prompt) {
     for (Scenario& scenario : *scenarios) scenario.desktop.clipboard.setText(textFromUtf8(*request.prompt));
   }
@@ -109,12 +129,17 @@ int main(int argumentCount, char** arguments) {
   app.add_option("FILE", request.files, "Scenario files")->required();
   app.add_flag("--json", request.json, "Print one report per file, one line each, and nothing else");
   app.add_option("--prompt", request.prompt, "Text on the clipboard, in place of the scenario's");
+  app.add_option("--report", request.report, "Show this report of the file's run for a person, and run nothing");
   app.add_flag("--list", request.list, "Print each file's path and name, and run nothing");
   app.add_option("--jobs", request.jobs, "Scenarios that run at a time (default: one for each core)");
   try {
     app.parse(argumentCount, arguments);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : unusable;
+  }
+  if (!request.report.empty() && request.files.size() != 1) {
+    complain("--report", "goes with one scenario file");
+    return unusable;
   }
   return serve(request);
 }

@@ -19,7 +19,16 @@ namespace orvane::simulation {
 class ScenarioError : public std::runtime_error {
  public:
   ScenarioError(const std::string& path, const std::string& problem)
-      : std::runtime_error(path.empty() ? problem : path + ": " + problem) {}
+      : std::runtime_error(onOneLine(path.empty() ? problem : path + ": " + problem)) {}
+
+ private:
+  // A file may quote line ends in its own names.
+  static std::string onOneLine(std::string text) {
+    for (char& character : text) {
+      if (character == '\r' || character == '\n') character = ' ';
+    }
+    return text;
+  }
 };
 
 // One value of a scenario file and the path to it. Every reader throws ScenarioError with that path

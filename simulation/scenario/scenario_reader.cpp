@@ -32,6 +32,8 @@ Json parse(const std::string& json) {
     return Json::parse(json);
   } catch (const Json::parse_error& error) {
     throw ScenarioError(placeOf(json, error.byte), wordsOf(error));
+  } catch (const Json::out_of_range&) {
+    throw ScenarioError("", "holds a number that is too great");
   }
 }
 

@@ -32,7 +32,7 @@ TEST_F(Process, Ticks_GoOn_WhileItSleeps) {
   const ULONGLONG before = ::GetTickCount64();
   ::Sleep(50);
   const ULONGLONG passed = ::GetTickCount64() - before;
-  EXPECT_GE(passed, 40u);
+  EXPECT_GE(passed, 30u);  // ticks move in steps of up to 16 ms
   EXPECT_LT(passed, 2000u);
 }
 
@@ -60,7 +60,7 @@ TEST_F(Process, Thread_RunsBesideTheOneThatMadeIt) {
   EXPECT_NE(threadId, ::GetCurrentThreadId());
   EXPECT_EQ(threadsTime, 0u);
   ::Sleep(200);
-  EXPECT_GE(threadsTime, before + 20);
+  EXPECT_GE(threadsTime, before + 10);
 }
 
 TEST_F(Process, LastError_IsWhatWasSet) {

@@ -1,0 +1,5 @@
+#include "plugins/registration.h"
+
+void DesktopDropPluginRegisterWithRegistrar(FlutterDesktopPluginRegistrarRef registrar) {
+  orvane::standins::noteRegistration(registrar);
+}

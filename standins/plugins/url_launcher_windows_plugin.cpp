@@ -1,0 +1,5 @@
+#include "plugins/registration.h"
+
+void UrlLauncherWindowsRegisterWithRegistrar(FlutterDesktopPluginRegistrarRef registrar) {
+  orvane::standins::noteRegistration(registrar);
+}
