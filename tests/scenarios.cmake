@@ -18,8 +18,35 @@ if(scenario_files)
                      "${CMAKE_CURRENT_SOURCE_DIR}/scenarios")
     set_tests_properties(scenarios.determinism PROPERTIES TIMEOUT 600)
   endif()
+  # Calls that fail, and people who meddle: a share of what ./test --sweep runs.
+  if(NOT ORVANE_COVERAGE)
+    set(reliability "${CMAKE_CURRENT_SOURCE_DIR}/reliability")
+    set(fault_budget 3000)
+    set(pair_budget 300)
+    set(meddling_budget 1500)
+    if(ORVANE_SANITIZED)
+      set(fault_budget 250)
+      set(pair_budget 30)
+      set(meddling_budget 100)
+    endif()
+    add_test(NAME reliability.sweep
+             COMMAND "${Python3_EXECUTABLE}" "${reliability}/sweep.py" --simulator $<TARGET_FILE:orvane-sim>
+                     --budget ${fault_budget} --pairs ${pair_budget})
+    add_test(NAME reliability.meddling
+             COMMAND "${Python3_EXECUTABLE}" "${reliability}/meddling.py" --simulator $<TARGET_FILE:orvane-sim>
+                     --budget ${meddling_budget})
+    add_test(NAME reliability.promises COMMAND "${Python3_EXECUTABLE}" "${reliability}/promises_test.py")
+    set_tests_properties(reliability.sweep reliability.meddling PROPERTIES TIMEOUT 600)
+  endif()
   add_test(NAME scenarios.determinism_itself
            COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism_test.py")
   # What the kit would write is what runs.
   add_test(NAME scenarios.kit COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/scenarios/build.py" --check)
+  # A report that was kept is shown as the run itself.
+  list(GET scenario_files 0 shown_scenario)
+  string(
+    CONCAT show_kept_report
+           "folder=$(mktemp -d) && \"$1\" --json \"$2\" >$folder/report && \"$1\" \"$2\" >$folder/printed && "
+           "\"$1\" --report $folder/report \"$2\" | cmp - $folder/printed; status=$?; rm -r $folder; exit $status")
+  add_test(NAME scenarios.report_shown COMMAND sh -c "${show_kept_report}" sh $<TARGET_FILE:orvane-sim> "${shown_scenario}")
 endif()
