@@ -27,9 +27,16 @@ std::string wordsOf(const Json::parse_error& error) {
   return words == std::string::npos ? "is no JSON" : "is no JSON: " + whole.substr(words + 3);
 }
 
+// What is read of a file is walked as deep as it is nested.
+constexpr int deepestNesting = 1000;
+
 Json parse(const std::string& json) {
+  const auto refuseDepth = [](int depth, Json::parse_event_t, const Json&) {
+    if (depth > deepestNesting) throw ScenarioError("", "is nested too deep");
+    return true;
+  };
   try {
-    return Json::parse(json);
+    return Json::parse(json, refuseDepth);
   } catch (const Json::parse_error& error) {
     throw ScenarioError(placeOf(json, error.byte), wordsOf(error));
   } catch (const Json::out_of_range&) {
