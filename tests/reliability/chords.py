@@ -115,15 +115,19 @@ def arguments_by_name(scenario):
     return {step.get("as", str(i)): step.get("call", {}).get("arguments") for i, step in enumerate(calls)}
 
 
+def _hot_key(run, reply):
+    arguments = arguments_by_name(run.scenario).get(reply["as"])
+    name = arguments.get("keys") if isinstance(arguments, dict) else None
+    return HOT_KEYS.get(name, ()) if isinstance(name, str) else ()
+
+
 def _told_by_window_channel(run, reply):
     value = reply["value"]
     is_success = isinstance(value, dict) and value.get("success") is True
     if reply["method"] == "sendNewLineToPreviousWindow":
         yield Told(NEW_LINE, reply["endMs"], reply["method"], is_success, is_optional=not is_success)
     elif reply["method"] == "sendWindowsHotKey":
-        arguments = arguments_by_name(run.scenario).get(reply["as"])
-        name = arguments.get("keys") if isinstance(arguments, dict) else None
-        keys = HOT_KEYS.get(name, ()) if isinstance(name, str) else ()
+        keys = _hot_key(run, reply)
         yield Told(keys, reply["endMs"], reply["method"], is_success and bool(keys))
 
 
@@ -152,17 +156,27 @@ def _take(told, events, position):
     return taken, position
 
 
+def _match_lost(run, reply, events, position):
+    """A reply that got lost took its trace with it: what came meanwhile is its own."""
+    if reply["method"] == "sendWindowsHotKey":
+        return _take(Told(_hot_key(run, reply), reply["endMs"], reply["method"]), events, position)[1]
+    if reply["endMs"] > reply["startMs"]:
+        while position < len(events) and events[position]["ms"] <= reply["endMs"]:
+            position += 1
+    return position
+
+
 def match_keys(run):
     """What was told of and what came of it, and the events that nothing tells of."""
     events, position, matches = run.report["input"], 0, []
     for reply in run.report["replies"]:
-        # A reply that got lost took its trace with it.
         if reply["kind"] == "none":
-            while position < len(events) and reply["startMs"] <= events[position]["ms"] <= reply["endMs"]:
-                position += 1
+            position = _match_lost(run, reply, events, position)
             continue
         for told in told_keys(run, reply):
-            taken, position = _take(told, events, position)
+            # A call that is refused inserts nothing; only Chrome's box is worked by a call for each event.
+            can_have_come = told.was_sent or told.what.startswith(ASSIST)
+            taken, position = _take(told, events, position) if can_have_come else ([], position)
             matches.append(Match(told, reply["as"], taken))
     return matches, events[position:]
 
@@ -177,9 +191,7 @@ def breaches(run):
         place = f"{as_name}, {told.what}"
         if events and not told.has_proof:
             yield f"{place}: keys without the proof in the step before"
-        # A call that is refused inserts nothing; only Chrome's box is opened and closed by a call for each event.
-        is_torn = refuses and told.what.startswith(ASSIST)
-        if not told.was_sent and events and not told.is_optional and not is_torn:
+        if not told.was_sent and events and not refuses:
             yield f"{place}: keys came that are told as not sent"
         is_whole = len(events) == len(told.events) or (told.is_optional and not events)
         if told.was_sent and not is_whole and not refuses:
@@ -189,8 +201,9 @@ def breaches(run):
 def _moves_foreground(node, besides):
     """Whether a rule of the scenario takes the foreground away, besides those of a person at these times."""
     if isinstance(node, dict):
-        if node.get("on", {}).get("time") not in besides and any(isinstance(action, dict) and ("foreground" in action or "closeWindow" in action)
-               for action in node.get("do", ())):
+        moves = any(isinstance(action, dict) and action.keys() & {"foreground", "closeWindow"}
+                    for action in node.get("do", ()))
+        if moves and node.get("on", {}).get("time") not in besides:
             return True
         node = list(node.values())
     return isinstance(node, list) and any(_moves_foreground(child, besides) for child in node)

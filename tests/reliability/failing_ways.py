@@ -1,7 +1,7 @@
 """How each call of the platform that the host makes can fail, and which calls can't.
 
-A way is a fault's `result`. "0x…" is an HRESULT, None a null pointer, a number what the call returns. LIE stands for a
-request that claims success and has no effect: what can be read back mustn't be believed.
+A way is a fault's `result`. "0x…" is an HRESULT, None a null pointer, a number what the call returns. LIE stands for
+a request that claims success and has no effect: what can be read back mustn't be believed.
 """
 from typing import NamedTuple
 
@@ -104,7 +104,8 @@ _WINDOWS = {
     "GetMessageW": Call((-1,)),
     "PostMessageW": Call((FALSE,), may_silence=True),
     **_all("EnumWindows GetClientRect GetWindowRect MoveWindow SetWindowPos SetWindowTextW SetPropW ClientToScreen "
-           "AdjustWindowRectExForDpi EnableNonClientDpiScaling InvalidateRect IsWindow IsWindowVisible", Call((FALSE,))),
+           "AdjustWindowRectExForDpi EnableNonClientDpiScaling InvalidateRect IsWindow IsWindowVisible",
+           Call((FALSE,))),
     "IsIconic": Call((FALSE, TRUE)),
     **_all("GetWindow GetTopWindow GetPropW RemovePropW SetParent", Call((None,))),
     **_all("GetClassNameW GetDpiForWindow GetWindowTextW GetWindowTextLengthW", Call((NOTHING,))),
@@ -197,12 +198,14 @@ UNFAILING = {
         ("CoTaskMemFree CoUninitialize DesktopDropPluginRegisterWithRegistrar FlutterDesktopEngineReloadSystemFonts "
          "FlutterDesktopEngineSetNextFrameCallback FlutterDesktopMessengerRelease FlutterDesktopMessengerSendResponse "
          "FlutterDesktopMessengerSetCallback FlutterDesktopMessengerUnlock FlutterDesktopResyncOutputStreams "
-         "FlutterDesktopViewControllerDestroy FlutterDesktopViewControllerForceRedraw PostQuitMessage SetLastError Sleep "
-         "SysFreeString UrlLauncherWindowsRegisterWithRegistrar VariantInit WebviewWindowsPluginRegisterWithRegistrar"
+         "FlutterDesktopViewControllerDestroy FlutterDesktopViewControllerForceRedraw PostQuitMessage SetLastError "
+         "Sleep SysFreeString UrlLauncherWindowsRegisterWithRegistrar VariantInit "
+         "WebviewWindowsPluginRegisterWithRegistrar"
          ).split(), _GIVES_NOTHING),
     **dict.fromkeys("DefWindowProcW DispatchMessageW SendMessageW".split(), _OWN_ANSWER),
     **dict.fromkeys(("FlutterDesktopMessengerAddRef FlutterDesktopMessengerLock GetCommandLineW GetCurrentThreadId "
-                     "GetLastError GetTickCount64 QueryPerformanceCounter QueryPerformanceFrequency SysStringLen").split(),
+                     "GetLastError GetTickCount64 QueryPerformanceCounter QueryPerformanceFrequency "
+                     "SysStringLen").split(),
                     _ALWAYS),
     **dict.fromkeys("FlutterDesktopEngineGetMessenger FlutterDesktopEngineGetPluginRegistrar".split(),
                     "null only for no engine, for which it isn't called"),

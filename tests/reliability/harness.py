@@ -97,8 +97,8 @@ class Worker:
         tally = Tally()
         for variant, variant_scenario, outcome in zip(chunk.variants, applied, run_all(self.simulator, applied)):
             tally.runs[variant.group] += 1
-            run = Run(variant_scenario if variant.meddling else scenario, outcome.report, outcome.failure, variant.faults,
-                      variant.meddling, baseline)
+            played = variant_scenario if variant.meddling else scenario
+            run = Run(played, outcome.report, outcome.failure, variant.faults, variant.meddling, baseline)
             self._judge(chunk.file, variant, run, tally)
         return tally
 
@@ -177,7 +177,8 @@ def print_broken(tally, script):
     groups = collections.defaultdict(list)
     for broken in tally.broken:
         groups[broken.breach.promise, normal_form(broken.breach.detail), broken.group].append(broken)
-    for (promise, _, group), found in sorted(groups.items(), key=lambda item: (-len(item[1]), item[0]))[:SHOWN_EXAMPLES]:
+    by_count = sorted(groups.items(), key=lambda item: (-len(item[1]), item[0]))
+    for (promise, _, group), found in by_count[:SHOWN_EXAMPLES]:
         first = min(found)
         print(f"BROKEN {len(found)} x {promise}: {group}")
         print("    " + first.breach.detail.replace("\n", "\n    ")[:2000])

@@ -4,8 +4,8 @@
 meddling.py [--simulator PATH] [--folder PATH] [--budget N] [--seed N] [--jobs N] [--by-action]
 meddling.py [--simulator PATH] --replay 'FILE|MS|ACTION'
 
-The shipped scenarios of the routes run once for the times at which they waited. Then each action happens at each of these
-times, 1 ms behind, and in longer waits along the way, in one run each. A budget thins that by seed.
+The shipped scenarios of the routes run once for the times at which they waited. Then each action happens at each of
+these times, 1 ms behind, and in longer waits along the way, in one run each. A budget thins that by seed.
 Exit status: 0 when all promises held, 1 when one was broken, 2 when it can't be done.
 """
 import argparse
@@ -193,8 +193,8 @@ def meddle(options):
             print(f"{count:8d} {group}")
     broken = harness.print_broken(tally, "tests/reliability/meddling.py") + len(wrong)
     print(f"{total} runs with a person who meddles in {len(baselines)} scenarios; {len(tally.runs)} kinds of action; "
-          f"{tally.script_ended} whose script couldn't go on; {len(tally.unnoticed)} in which a switch between proof and "
-          f"key went unseen; {broken} broken promises")
+          f"{tally.script_ended} whose script couldn't go on; {len(tally.unnoticed)} in which a switch between proof "
+          f"and key went unseen; {broken} broken promises")
     print(f"{total - min(broken, total)} passed, {broken} failed")
     return 1 if broken else 0
 

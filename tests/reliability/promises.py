@@ -134,7 +134,7 @@ def nothing_held(run):
 
 
 def _has_lost_release(run):
-    """Whether a refused call may have been the one that lets a modifier go: the event in front of it let a key go too."""
+    """Whether a refused call may have been the one that lets a modifier go: the event before it let a key go too."""
     lost = {fault.get("nth", 1) + i for fault in all_faults(run) if fault["call"] == "SendInput"
             for i in range(fault.get("times", 1))}
     releases = {event["batch"] for event in run.report["input"] if event["up"]}

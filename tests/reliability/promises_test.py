@@ -46,7 +46,8 @@ def report_of(*replies, keys=(), invoked=None, selected=0):
 
 
 def key_events(events, ms, window="chat", element="composer"):
-    return [{"ms": ms, "window": window, "element": element, "vk": key, "up": is_up, "batch": 1} for key, is_up in events]
+    return [{"ms": ms, "window": window, "element": element, "vk": key, "up": is_up, "batch": 1}
+            for key, is_up in events]
 
 
 DELIVERY_KEYS = (*key_events(chords.SELECT_ALL, 700), *key_events(chords.PASTE, 800), *key_events(chords.ENTER, 1000))
@@ -84,7 +85,8 @@ def activation_run(steps, success=False, selected=0):
 
 
 def x_ray(index, is_selected, title="News"):
-    text = (f"pass=1; browser#=1; hwnd=0x{HANDLE:x}; index={index}; selected={'Y' if is_selected else 'N'}; uiaSelected=Y; "
+    selected = "Y" if is_selected else "N"
+    text = (f"pass=1; browser#=1; hwnd=0x{HANDLE:x}; index={index}; selected={selected}; uiaSelected=Y; "
             f'windowTitleSelected=N; offscreen=N; title="{title}"; automationId=""')
     return "X-Ray tab", text, 0
 
@@ -135,7 +137,8 @@ class PromisesTest(unittest.TestCase):
         self.assertBreaks("ends by its own exit", self.changed(grok_run(), lambda r: r.update(exitCode=1)))
 
     def test_Replies_AreMissed_WhenOneIsNoneOrTwice(self):
-        self.assertBreaks("one reply to each call", self.changed(grok_run(), lambda r: r["replies"][0].update(kind="none")))
+        none = self.changed(grok_run(), lambda r: r["replies"][0].update(kind="none"))
+        self.assertBreaks("one reply to each call", none)
         twice = self.changed(grok_run(), lambda r: r["replies"].append(copy.deepcopy(r["replies"][0])))
         self.assertBreaks("one reply to each call", twice)
 
@@ -244,7 +247,8 @@ class PromisesTest(unittest.TestCase):
         self.assertEqual(len(chords.strays(late).unnoticed), 1)
 
     def test_Secret_IsBroken_WhereverThePromptStands(self):
-        changes = (lambda r: r["replies"][0]["value"].update(message=PROMPT), lambda r: r["stderr"].append(f"x {PROMPT}"),
+        changes = (lambda r: r["replies"][0]["value"].update(message=PROMPT),
+                   lambda r: r["stderr"].append(f"x {PROMPT}"),
                    lambda r: r["toInterface"].append({"arguments": {"text": PROMPT}}))
         for change in changes:
             self.assertBreaks("the prompt is told nowhere", self.changed(grok_run(), change))
@@ -259,7 +263,8 @@ class PromisesTest(unittest.TestCase):
         self.assertHolds(activation_run([*warm, ("Warm restoration", "PASS: original tab restored", 700), *ended]))
 
     def test_Tab_IsBroken_WhenASuccessStandsOnAnother(self):
-        ready = [("Activation choice", "reason=INDEX_AND_TITLE; resolvedTitle=\"Chat\"", 100), ("Result", "Ready", 400), ("Timing activation total", "400 ms", 400)]
+        ready = [("Activation choice", "reason=INDEX_AND_TITLE; resolvedTitle=\"Chat\"", 100),
+                 ("Result", "Ready", 400), ("Timing activation total", "400 ms", 400)]
         self.assertHolds(activation_run(ready, success=True, selected=1))
         self.assertBreaks("the user's tab is given back", activation_run(ready, success=True, selected=0))
 
@@ -313,7 +318,8 @@ class SweepTest(unittest.TestCase):
 
     def test_Budget_TakesEachCallAndWayFirst(self):
         variants = sweep.some_variants(self.COUNTS, 10, sweep.random.Random(1))
-        chosen = {(fault["call"], fault["result"]) for found in variants.values() for one in found for fault in one.faults}
+        faults = [fault for found in variants.values() for one in found for fault in one.faults]
+        chosen = {(fault["call"], fault["result"]) for fault in faults}
         self.assertEqual(chosen, {(call, way) for calls in self.COUNTS.values() for call in calls
                                   for way in failing_ways.CALLS[call].ways})
 

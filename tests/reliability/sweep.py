@@ -4,7 +4,7 @@
 sweep.py [--simulator PATH] [--folder PATH] [--budget N] [--pairs N] [--seed N] [--jobs N] [--by-call]
 sweep.py [--simulator PATH] --replay 'FILE|CALL|NTH|RESULT[|CALL|NTH|RESULT…]'
 
-Each scenario runs once for its calls. Then the 1st, 2nd, … n-th call of each operation fails, in each way that it can.
+Each scenario runs once for its calls. Then the 1st, 2nd, … n-th call of each operation fails, in each way it can.
 A budget thins that, spread over operations and scenarios; pairs are two such faults in one run, chosen by seed.
 Exit status: 0 when all promises held, 1 when one was broken, 2 when the sweep itself can't be done.
 """
@@ -77,8 +77,8 @@ def some_variants(counts, budget, chooser):
         for call in calls:
             places[call].append(file)
     kinds = [(call, way) for call in sorted(places) for way in CALLS[call].ways]
-    chosen, left = collections.defaultdict(set), {kind: sum(counts[f][kind[0]] for f in places[kind[0]]) for kind in kinds}
-    taken = 0
+    left = {(call, way): sum(counts[file][call] for file in places[call]) for call, way in kinds}
+    chosen, taken = collections.defaultdict(set), 0
     while taken < budget and kinds:
         chooser.shuffle(kinds)
         for call, way in kinds[:budget - taken]:

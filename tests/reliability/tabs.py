@@ -9,7 +9,8 @@ IDENTITY_STEPS = ("Company homepage safeguard", "ChatGPT final identity", "Claud
 RESTORATIONS = {"Company homepage safeguard": "Company homepage restoration",
                 "ChatGPT final identity": "ChatGPT final restoration",
                 "Claude final identity": "Claude final restoration"}
-X_RAY = re.compile(r'pass=(\d+); browser#=\d+; hwnd=0x([0-9a-f]+); index=(\d+); selected=([YN]);.*? title="(.*?)"; auto')
+X_RAY = re.compile(r'pass=(\d+); browser#=\d+; hwnd=0x([0-9a-f]+); index=(\d+); selected=([YN]);.*? '
+                   r'title="(.*?)"; auto')
 SELECTED_ALREADY = "PASS: target was already selected"
 
 
@@ -23,8 +24,9 @@ def _warm_breaches(reply, steps):
 
 
 def _last_pass(steps):
-    """The X-Ray's tabs of the last pass that a route can go back to: (handle, index, selected). One without a title isn't."""
-    tabs = [found.groups() for found in (X_RAY.match(step.result) for step in steps if step.name == "X-Ray tab") if found]
+    """The X-Ray's tabs of the last pass: (handle, index, selected). Without a title there is no way back to one."""
+    lines = [X_RAY.match(step.result) for step in steps if step.name == "X-Ray tab"]
+    tabs = [line.groups() for line in lines if line]
     last = max((int(tab[0]) for tab in tabs), default=0)
     return [(int(handle, 16), int(index), selected == "Y") for number, handle, index, selected, title in tabs
             if int(number) == last and title]
@@ -66,7 +68,7 @@ def _selected_at_start(window):
 
 
 def _says_why(steps):
-    """Whether the trace itself says that the tab stayed switched, or that the window was only not brought to the front."""
+    """Whether the trace itself says that the tab stayed switched, or the window just wasn't brought to the front."""
     if any("restor" in step.name and step.opens("FAIL") for step in steps):
         return True
     return step_named(steps, "Tab selection").opens("FAILED") or step_named(steps, "Foreground").opens("FAIL:")
@@ -85,7 +87,7 @@ def _state_breaches(run, reply, steps):
 
 
 def _could_do_no_better(reply, steps, selected):
-    """Whether discovery knew no tab to go back to, or took another for it and went there: the warm route always knows."""
+    """Whether discovery knew no tab to go back to, or took another for it and went there; the warm route knows."""
     if not any(step_named(steps, name).opens("FAIL", "BLOCKED") for name in IDENTITY_STEPS):
         return False
     return _known_tab(reply, steps) in (None, selected)

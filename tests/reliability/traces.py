@@ -88,7 +88,7 @@ def _delivery_fault(reply):
         right = not value["success"] and _ends_with(
             steps, EARLY_STOPS[message], lambda step: _says_stop(step) or step.result == NO_WINDOW)
     else:
-        right = not value["success"] and _ends_with(steps, "Focus Input", lambda step: step.result == f"FAIL: {message}")
+        right = not value["success"] and (last.name, last.result) == ("Focus Input", f"FAIL: {message}")
     return None if right else f"success {value['success']}, {message!r} ends with {last.name!r}: {last.result!r}"
 
 
