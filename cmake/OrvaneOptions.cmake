@@ -3,6 +3,7 @@ include_guard()
 
 option(ORVANE_SANITIZED "Run under AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(ORVANE_FUZZED "Build the fuzz targets alone, with clang's fuzzer around them" OFF)
+option(ORVANE_BENCHMARKS "Insist on the benchmarks' packages" OFF)
 option(ORVANE_COVERAGE "Count the lines that ran" OFF)
 option(ORVANE_STANDINS "Build what stands around orvane.exe under Wine in place of orvane.exe" OFF)
 

@@ -44,3 +44,5 @@ setUpPackages() {
 NATIVE_PACKAGES=(g++ cmake ninja-build ccache nlohmann-json3-dev libcli11-dev libgtest-dev python3)
 # What plays the program itself: its cross compiler, Wine, and a display.
 REAL_PACKAGES=(g++-mingw-w64-x86-64 googletest wine wine64 xvfb x11-utils xclip imagemagick)
+# What the benchmarks measure with, and what they compare with.
+BENCH_PACKAGES=(libbenchmark-dev libmsgpack-cxx-dev libflatbuffers-dev)
