@@ -65,13 +65,16 @@ def secret_places(scenario, report):
 
 def holds_text(node, text):
     """Whether a text inside `node` holds `text`, as itself or as the bytes of a raw message."""
-    if isinstance(node, str):
-        return text in node or text.encode("utf-8", "replace").hex() in node.lower()
-    if isinstance(node, dict):
-        return any(holds_text(child, text) for child in (*node.keys(), *node.values()))
-    if isinstance(node, list):
-        return any(holds_text(child, text) for child in node)
-    return False
+    as_bytes = text.encode("utf-8", "replace").hex()
+
+    def is_in(child):
+        if isinstance(child, str):
+            return text in child or as_bytes in child.lower()
+        if isinstance(child, dict):
+            return any(map(is_in, child.keys())) or any(map(is_in, child.values()))
+        return isinstance(child, list) and any(map(is_in, child))
+
+    return is_in(node)
 
 
 def complaints(scenario, report):

@@ -131,6 +131,11 @@ class Progress:
         print(("\r\033[K" if self.is_terminal else "") + line, end="" if self.is_terminal else "\n", file=sys.stderr,
               flush=True)
 
+    def tell(self, line):
+        """A line of its own that stays."""
+        self.close()
+        print(line, file=sys.stderr, flush=True)
+
     def close(self):
         if self.is_terminal:
             print("\r\033[K", end="", file=sys.stderr, flush=True)
@@ -164,19 +169,28 @@ def chunks_of(variant_lists, baselines):
 
 def run_variants(worker, variant_lists, baselines, jobs, title, total):
     """`variant_lists` are (file, variants), made as they are needed: all at once would fill the memory."""
-    tally, progress = Tally(), Progress(title, total)
+    tally, progress, told = Tally(), Progress(title, total), set()
     for part in in_pool(jobs, worker.check, chunks_of(variant_lists, baselines)):
         tally.add(part)
+        for broken in part.broken:
+            # What broke is known long before the end; of each kind the first.
+            if kind_of(broken) not in told:
+                told.add(kind_of(broken))
+                progress.tell(f"broken: {broken.breach.promise}: {short_name(broken.file)}|{broken.key}")
         progress.add(sum(part.runs.values()))
     progress.close()
     return tally
+
+
+def kind_of(broken):
+    return broken.breach.promise, normal_form(broken.breach.detail), broken.group
 
 
 def print_broken(tally, script):
     """Equal breaches together, each with how often and the command that shows the first."""
     groups = collections.defaultdict(list)
     for broken in tally.broken:
-        groups[broken.breach.promise, normal_form(broken.breach.detail), broken.group].append(broken)
+        groups[kind_of(broken)].append(broken)
     by_count = sorted(groups.items(), key=lambda item: (-len(item[1]), item[0]))
     for (promise, _, group), found in by_count[:SHOWN_EXAMPLES]:
         first = min(found)

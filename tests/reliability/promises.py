@@ -89,13 +89,17 @@ def in_time(run):
 
 
 def prompt_is_secret(run):
+    """A prompt that the run tells without any fault too, where a window's own title says it, is no secret."""
     prompts = prompts_of(run.scenario)
-    known = set() if run.baseline is None else {
-        prompt for prompt in prompts
-        if any(holds_text(content, prompt) for _, content in secret_places(run.scenario, run.baseline))}
     for place, content in secret_places(run.scenario, run.report):
-        if any(holds_text(content, prompt) for prompt in prompts - known):
+        told = {prompt for prompt in prompts if holds_text(content, prompt)}
+        if any(not _is_told_anyway(run, prompt) for prompt in told):
             yield f"{place} holds the prompt"
+
+
+def _is_told_anyway(run, prompt):
+    return run.baseline is not None and any(holds_text(content, prompt)
+                                            for _, content in secret_places(run.scenario, run.baseline))
 
 
 def _actions(node):

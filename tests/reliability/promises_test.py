@@ -209,6 +209,12 @@ class PromisesTest(unittest.TestCase):
         self.assertHolds(self.experimental_run(PROMPT))
         self.assertBreaks("only the prompt is sent", self.experimental_run(meddling.TYPED))
 
+    def test_Prompt_IsExcused_OnlyWhenSomebodyTypedBeforeALatePageTookIt(self):
+        run = self.experimental_run(meddling.TYPED)
+        run.scenario["desktop"]["windows"][0]["tabs"][1]["rules"][0]["after"] = 300
+        self.assertBreaks("only the prompt is sent", run)
+        self.assertHolds(run._replace(meddling=((600, "tab"),)))
+
     def test_Keys_AreBroken_WhenNothingTellsOfThemOrTheyDidntCome(self):
         promise = "no key without proof"
         self.assertBreaks(promise, grok_run(keys=(*DELIVERY_KEYS, *key_events(chords.ENTER, 1400))))
@@ -261,6 +267,13 @@ class PromisesTest(unittest.TestCase):
         ended = [("Result", "No ongoing Claude session found.", 700), CLAUDE_REFUSED[-1]]
         self.assertBreaks(promise, activation_run(warm + ended, selected=1))
         self.assertHolds(activation_run([*warm, ("Warm restoration", "PASS: original tab restored", 700), *ended]))
+
+    def test_Tab_IsExcused_WhenAProvenWarmTargetJustWasNotBroughtToTheFront(self):
+        proven = [("Warm tab selection", "PASS", 100), ("Warm provider verification", "PASS; provider=ChatGPT", 200)]
+        ended = [("Result", "No ongoing ChatGPT session found.", 700), CLAUDE_REFUSED[-1]]
+        self.assertHolds(activation_run([*proven, ("Warm foreground", "REQUESTED", 300), *ended], selected=1))
+        self.assertBreaks("the user's tab is given back",
+                          activation_run([*proven, ("Warm foreground", "PASS", 300), *ended], selected=1))
 
     def test_Tab_IsBroken_WhenASuccessStandsOnAnother(self):
         ready = [("Activation choice", "reason=INDEX_AND_TITLE; resolvedTitle=\"Chat\"", 100),

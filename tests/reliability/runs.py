@@ -61,7 +61,7 @@ def run_all(simulator, variants):
         for number, variant in enumerate(variants):
             files.append(f"{folder}/{number}.json")
             with open(files[-1], "w", encoding="utf-8") as file:
-                json.dump(dict(variant, name=str(number)), file)
+                file.write(json.dumps(dict(variant, name=str(number))))
         result = subprocess.run([str(simulator), "--json", "--jobs", "1", *files], capture_output=True, check=False)
         failures = _failures_by_file(result.stderr.decode(errors="replace"), folder + "/")
     if result.returncode not in (0, 1):

@@ -75,16 +75,17 @@ def _invocation_breaches(run):
         yield f"the traces tell of {claimed} invocations of Send, it was invoked {invoked} times"
 
 
-def _copy_targets(node):
-    """Elements that show what was sent."""
+def _copy_targets(node, is_late=False):
+    """Elements that show what was sent, as (id, whether the page takes it later than the key)."""
     found = set()
     if isinstance(node, dict):
+        is_late = is_late or node.get("after", 0) > 0
         if isinstance(node.get("copyValue"), dict):
-            found.add(node["copyValue"]["to"])
+            found.add((node["copyValue"]["to"], is_late))
         node = list(node.values())
     if isinstance(node, list):
         for child in node:
-            found |= _copy_targets(child)
+            found |= _copy_targets(child, is_late)
     return found
 
 
@@ -112,7 +113,12 @@ def foreign_text_breaches(run):
         return
     if run.report["desktop"]["clipboard"]["sequence"] != 1:
         return
-    shown, known = _copy_targets(windows), _values_at_start(windows, _copy_targets(windows))
+    targets = _copy_targets(windows)
+    shown = {name for name, _ in targets}
+    if run.meddling:
+        # What a page takes some time after the key it takes as somebody has left it by then.
+        shown -= {name for name, is_late in targets if is_late}
+    known = _values_at_start(windows, shown)
     prompt = _with_plain_lines(run.report["desktop"]["clipboard"]["text"] or "")
     for place, value in run.report["desktop"]["values"].items():
         if place.partition("/")[2] not in shown or value is None or value in known:
