@@ -38,7 +38,7 @@ std::vector<std::uint8_t> readPng() {
 }
 
 UINT availableBitmapFormat() {
-  for (const UINT format : {CF_DIBV5, CF_DIB}) {
+  for (const UINT format : {UINT{CF_DIBV5}, UINT{CF_DIB}}) {
     if (::IsClipboardFormatAvailable(format) != FALSE) {
       return format;
     }
