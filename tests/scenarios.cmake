@@ -38,6 +38,13 @@ if(scenario_files)
     add_test(NAME reliability.promises COMMAND "${Python3_EXECUTABLE}" "${reliability}/promises_test.py")
     set_tests_properties(reliability.sweep reliability.meddling PROPERTIES TIMEOUT 600)
   endif()
+  # Calls of the platform are counted, so one build shows them.
+  if(NOT ORVANE_SANITIZED AND NOT ORVANE_COVERAGE)
+    set(calls "${CMAKE_CURRENT_SOURCE_DIR}/calls")
+    add_test(NAME calls.exact COMMAND "${Python3_EXECUTABLE}" "${calls}/platform_calls_test.py" $<TARGET_FILE:orvane-sim>)
+    set_tests_properties(calls.exact PROPERTIES TIMEOUT 300)
+    add_test(NAME calls.table COMMAND "${Python3_EXECUTABLE}" "${calls}/table.py" --check)
+  endif()
   add_test(NAME scenarios.determinism_itself
            COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/determinism_test.py")
   # What the kit would write is what runs.

@@ -39,7 +39,9 @@ class UniqueVariant {
 
   const VARIANT& get() const noexcept { return value_; }
   VARIANT* put() noexcept {
-    ::VariantClear(&value_);
+    if (value_.vt != VT_EMPTY) {
+      ::VariantClear(&value_);
+    }
     return &value_;
   }
 
