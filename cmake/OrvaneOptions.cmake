@@ -5,6 +5,8 @@ option(ORVANE_SANITIZED "Run under AddressSanitizer and UndefinedBehaviorSanitiz
 option(ORVANE_FUZZED "Build the fuzz targets alone, with clang's fuzzer around them" OFF)
 option(ORVANE_BENCHMARKS "Insist on the benchmarks' packages" OFF)
 option(ORVANE_COVERAGE "Count the lines that ran" OFF)
+option(ORVANE_DIRECT_TESTS "Build and run the direct tests" ON)
+option(ORVANE_JOINED "Compile several sources as one: quick where all must be compiled, slow where few change" OFF)
 option(ORVANE_STANDINS "Build what stands around orvane.exe under Wine in place of orvane.exe" OFF)
 
 set(CMAKE_CXX_STANDARD 20)

@@ -11,6 +11,15 @@ function(orvane_sources result)
   set(${result} "${found}" PARENT_SCOPE)
 endfunction()
 
+# orvane_join_sources(NAME...): several sources are compiled as one where ORVANE_JOINED says so.
+function(orvane_join_sources)
+  foreach(name IN LISTS ARGN)
+    if(TARGET ${name})
+      set_target_properties(${name} PROPERTIES UNITY_BUILD "${ORVANE_JOINED}" UNITY_BUILD_BATCH_SIZE 8)
+    endif()
+  endforeach()
+endfunction()
+
 # orvane_static_library(NAME SOURCE...)
 function(orvane_static_library name)
   if(ARGN)

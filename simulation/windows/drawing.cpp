@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "windows/call.h"
+#include "windows/rectangles.h"
 #include "windows/state.h"
 #include "windows/wide_text.h"
 
@@ -14,8 +15,6 @@ namespace {
 constexpr UINT demandedFlags = DT_SINGLELINE | DT_NOPREFIX;
 constexpr UINT modelledFlags = demandedFlags | DT_VCENTER | DT_RIGHT | DT_RTLREADING;
 constexpr int standardDpi = 96;
-
-Rectangle rectangleOf(const RECT& area) { return {area.left, area.top, area.right, area.bottom}; }
 
 Surface surfaceOf(const DeviceContext& context) {
   return {context.window == nullptr ? std::string() : context.window->id, context.menu};

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "windows/call.h"
+#include "windows/rectangles.h"
 #include "windows/state.h"
 #include "windows/window_geometry.h"
 
@@ -27,8 +28,6 @@ HMONITOR nearest(const char* call, const Rectangle& bounds, DWORD flags) {
   const Desktop& desktop = stateFor(call).desktop;
   return monitorHandle(desktop, monitorNear(desktop, bounds));
 }
-
-RECT rectOf(const Rectangle& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 
 #include "windows/messages.h"
 #include "windows/painting.h"
+#include "windows/rectangles.h"
 #include "windows/state.h"
 #include "windows/tracking_sizes.h"
 #include "windows/window_frame.h"
@@ -25,10 +26,6 @@ std::int64_t distance(const Rectangle& one, const Rectangle& other) {
 }
 
 LPARAM packed(int low, int high) { return MAKELPARAM(low, high); }
-
-RECT rectOf(const Rectangle& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
-
-Rectangle rectangleOf(const RECT& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
 
 void tellPosition(PlatformState& state, const Window& window, const Rectangle& client) {
   Rectangle origin;

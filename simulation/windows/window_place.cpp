@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "windows/call.h"
+#include "windows/rectangles.h"
 #include "windows/show_state.h"
 #include "windows/state.h"
 #include "windows/tracking_sizes.h"
@@ -14,8 +15,6 @@ namespace {
 constexpr UINT modelledFlags = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED |
                                SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_NOOWNERZORDER;
 constexpr UINT untouchedPlace = SWP_NOSIZE | SWP_NOMOVE;
-
-RECT rectOf(const Rectangle& bounds) { return {bounds.left, bounds.top, bounds.right, bounds.bottom}; }
 
 // False when the anchor is no window.
 bool changeOrder(PlatformState& state, Window& window, HWND insertAfter) {

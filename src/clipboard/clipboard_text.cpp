@@ -11,13 +11,12 @@ namespace {
 
 constexpr SIZE_T leastBlockBytes = 2;
 constexpr SIZE_T greatestBlockBytes = 8'388'608;
-constexpr std::size_t unitBytes = 2;  // in the block, whatever a wide character measures
 
 std::wstring textOfBlock(const char* bytes, std::size_t sizeBytes) {
   std::wstring text;
-  for (std::size_t at = 0; at + unitBytes <= sizeBytes; at += unitBytes) {
+  for (std::size_t at = 0; at + clipboardUnitBytes <= sizeBytes; at += clipboardUnitBytes) {
     char16_t unit = 0;
-    std::memcpy(&unit, bytes + at, unitBytes);
+    std::memcpy(&unit, bytes + at, clipboardUnitBytes);
     if (unit == 0) {
       break;
     }

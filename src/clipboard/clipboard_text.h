@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
 namespace orvane {
+
+// A UTF-16 unit in a clipboard block, whatever a wide character measures.
+inline constexpr std::size_t clipboardUnitBytes = 2;
 
 // Each CR LF pair becomes LF, from the start of the text to its end; a lone CR stays.
 std::wstring normalizeLineEnds(const std::wstring& text);

@@ -14,7 +14,6 @@ namespace {
 constexpr const wchar_t* htmlFormatName = L"HTML Format";
 constexpr std::size_t greatestHtmlBytes = 0x800000;
 constexpr std::size_t greatestTextUnits = 0x400000;
-constexpr std::size_t unitBytes = 2;  // in the block, whatever a wide character measures
 
 std::string readHtmlForm() {
   const HGLOBAL block = ::GetClipboardData(::RegisterClipboardFormatW(htmlFormatName));
@@ -56,10 +55,10 @@ GlobalBlock makeHtmlBlock(std::string_view html) {
 }
 
 GlobalBlock makeTextBlock(const std::wstring& text) {
-  return makeBlock((text.size() + 1) * unitBytes, [&](char* bytes) {
+  return makeBlock((text.size() + 1) * clipboardUnitBytes, [&](char* bytes) {
     for (std::size_t at = 0; at <= text.size(); ++at) {
       const auto unit = at < text.size() ? static_cast<char16_t>(text[at]) : u'\0';
-      std::memcpy(bytes + at * unitBytes, &unit, unitBytes);
+      std::memcpy(bytes + at * clipboardUnitBytes, &unit, clipboardUnitBytes);
     }
   });
 }

@@ -24,7 +24,7 @@ constexpr std::array<std::wstring_view, 11> denyWords{L"search", L"address",    
 constexpr int scanAttempts = 8;
 constexpr DWORD pauseBetweenScansMs = 350;
 constexpr LONG upperPartDivisor = 5;
-constexpr LONG leastComposerWidthPixels = 180;
+constexpr LONG leastFieldWidthPixels = 180;
 constexpr int pasteChecks = 10;
 constexpr DWORD beforePasteCheckMs = 200;
 constexpr int deliveryChecks = 12;
@@ -126,7 +126,7 @@ class BestEffortRoute {
     }
     ++scan.usable;
     if (window == nullptr || bounds.top < window->top + (window->bottom - window->top) / upperPartDivisor ||
-        bounds.right - bounds.left < leastComposerWidthPixels) {
+        bounds.right - bounds.left < leastFieldWidthPixels) {
       return;
     }
     const std::optional<std::wstring> name = element.name();

@@ -9,15 +9,13 @@ namespace {
 
 constexpr std::wstring_view workspaceMark = L"\u00B7 Work";
 constexpr LONG leastComposerWidthPixels = 250;
-constexpr LONG lowerPagePercent = 45;
-
-bool contains(const std::wstring& text, std::wstring_view word) { return text.find(word) != std::wstring::npos; }
+constexpr LONG highestTopPercent = 45;
 
 bool standsInLowerPage(const UiaElement& element, const RECT& root) {
   const std::optional<RECT> bounds = element.bounds();
   const LONG rootHeight = root.bottom - root.top;
   return bounds && bounds->right - bounds->left >= leastComposerWidthPixels && rootHeight >= 1 &&
-         bounds->top >= root.top + rootHeight * lowerPagePercent / 100;
+         bounds->top >= root.top + rootHeight * highestTopPercent / 100;
 }
 
 // The looser words hold in a workspace window and nowhere else.

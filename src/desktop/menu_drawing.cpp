@@ -11,7 +11,7 @@ namespace {
 
 constexpr int addedWidthLogical = 28;
 constexpr int addedHeightLogical = 10;
-constexpr int leastHeightLogical = 30;
+constexpr int leastItemHeightLogical = 30;
 constexpr int textInsetLogical = 14;
 
 constexpr UINT textFlags = DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX;
@@ -58,7 +58,7 @@ bool measureMenuItem(HWND window, MEASUREITEMSTRUCT* item) {
   const Metrics metrics(window);
   item->itemWidth = static_cast<UINT>(text.width + metrics.pixels(addedWidthLogical));
   item->itemHeight = static_cast<UINT>(
-      std::max<LONG>(text.height + metrics.pixels(addedHeightLogical), metrics.pixels(leastHeightLogical)));
+      std::max<LONG>(text.height + metrics.pixels(addedHeightLogical), metrics.pixels(leastItemHeightLogical)));
   return true;
 }
 

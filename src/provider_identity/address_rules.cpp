@@ -31,8 +31,6 @@ constexpr std::array<std::wstring_view, 4> companyHosts{L"openai.com", L"anthrop
 constexpr std::array<std::wstring_view, 2> webSchemes{L"http://", L"https://"};
 constexpr std::wstring_view secureScheme = L"https://";
 
-bool contains(std::wstring_view text, std::wstring_view part) { return text.find(part) != std::wstring_view::npos; }
-
 std::wstring join(std::wstring_view first, std::wstring_view second) {
   std::wstring joined(first);
   joined += second;

@@ -12,6 +12,11 @@ std::wstring toLower(std::wstring_view text);
 // Substring test on both texts lower-cased; an empty needle is never contained.
 bool textContains(std::wstring_view haystack, std::wstring_view needle);
 
+// Substring test on both texts as they are; an empty part is always contained.
+inline bool contains(std::wstring_view text, std::wstring_view part) {
+  return text.find(part) != std::wstring_view::npos;
+}
+
 // What of a UTF-8 text may stand in a trace line: line ends become blanks, and a text of 181 bytes
 // or more is cut to 177 and "...". The cut may fall inside a UTF-8 sequence.
 std::string traceSafeText(std::string_view utf8);

@@ -44,8 +44,6 @@ constexpr std::array<std::wstring_view, 8> nonChatTitles{
 constexpr std::wstring_view companyTitle = L"openai";
 constexpr std::array<std::wstring_view, 3> companyTitleStarts{L"openai |", L"openai:", L"about openai"};
 
-bool contains(std::wstring_view text, std::wstring_view word) { return text.find(word) != std::wstring_view::npos; }
-
 }  // namespace
 
 std::wstring cleanTitle(std::wstring_view title) {
