@@ -35,8 +35,18 @@ if(scenario_files)
     add_test(NAME reliability.meddling
              COMMAND "${Python3_EXECUTABLE}" "${reliability}/meddling.py" --simulator $<TARGET_FILE:orvane-sim>
                      --budget ${meddling_budget})
+    # A share of a long life, all in one process. Sanitizers keep what is freed.
+    set(memory_option)
+    if(ORVANE_SANITIZED)
+      set(memory_option --no-memory)
+    endif()
+    add_executable(orvane_long_life "${reliability}/long_life/long_life.cpp")
+    target_link_libraries(orvane_long_life PRIVATE orvane_simulation)
+    add_test(NAME reliability.long_life
+             COMMAND "${Python3_EXECUTABLE}" "${reliability}/long_life.py" --program $<TARGET_FILE:orvane_long_life>
+                     --calls 2000 ${memory_option})
     add_test(NAME reliability.promises COMMAND "${Python3_EXECUTABLE}" "${reliability}/promises_test.py")
-    set_tests_properties(reliability.sweep reliability.meddling PROPERTIES TIMEOUT 600)
+    set_tests_properties(reliability.sweep reliability.meddling reliability.long_life PROPERTIES TIMEOUT 600)
   endif()
   # Calls of the platform are counted, so one build shows them.
   if(NOT ORVANE_SANITIZED AND NOT ORVANE_COVERAGE)

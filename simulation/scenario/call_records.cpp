@@ -36,6 +36,11 @@ void CallRecords::addCallFromHost(const std::string& channel, const std::vector<
   record["ms"] = ms;
 }
 
+void CallRecords::keepNewest(std::size_t count) {
+  if (replies_.size() <= count) return;
+  replies_.erase(replies_.begin(), replies_.end() - static_cast<std::ptrdiff_t>(count));
+}
+
 Json CallRecords::replyValue(const std::string& reference) const {
   const std::size_t point = reference.find('.');
   const std::string name = reference.substr(0, point);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,9 @@ class CallRecords {
                  std::int64_t startMs, std::int64_t endMs);
   // A call of the host.
   void addCallFromHost(const std::string& channel, const std::vector<std::uint8_t>& message, std::int64_t ms);
+
+  // Forgets all replies but the newest.
+  void keepNewest(std::size_t count);
 
   // "NAME.KEY": the value under KEY in the map of an earlier reply; null when there is none.
   Json replyValue(const std::string& reference) const;

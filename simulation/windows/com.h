@@ -50,7 +50,7 @@ class ComObject : public Interface, public ComShell {
     return --references_;
   }
 
-  bool isAlive() const { return references_ != 0; }
+  bool isAlive() const final { return references_ != 0; }
 
  protected:
   void requireAlive(std::string_view call) const {

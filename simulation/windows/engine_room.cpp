@@ -93,7 +93,11 @@ std::optional<Bytes> EngineRoom::deliver(const std::string& channel, const Bytes
   // A copy: the handler may take itself away.
   const FlutterDesktopMessageHandler receiver = handler->second;
   receiver.callback((*alive)->messenger, &envelope, receiver.userData);
-  return response.reply;
+  return std::exchange(response.reply, std::nullopt);
+}
+
+void EngineRoom::forgetAnswered() {
+  std::erase_if(responses_, [](const auto& response) { return response->isAnswered; });
 }
 
 void EngineRoom::queueReply(FlutterDesktopBinaryReply reply, void* userData, Bytes data) {

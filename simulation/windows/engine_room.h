@@ -74,6 +74,9 @@ class EngineRoom {
   // One message of the interface to the host; see Platform::sendToHost.
   std::optional<Bytes> deliver(const std::string& channel, const Bytes& message);
 
+  // Lets go of what is behind messages that have been answered: a second answer isn't told apart any more.
+  void forgetAnswered();
+
   // A reply to the host that comes in the message loop's next turn.
   void queueReply(FlutterDesktopBinaryReply reply, void* userData, Bytes data);
 

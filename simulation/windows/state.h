@@ -72,6 +72,7 @@ struct KernelObject {
 // dead pointer is told apart from memory that happens to look alive.
 struct ComShell {
   virtual ~ComShell() = default;
+  virtual bool isAlive() const = 0;
 };
 
 class PlatformState : public HostWindows {

@@ -198,6 +198,7 @@ class Desktop {
   // One key event into the foreground window, with all that it does there.
   void key(int virtualKey, bool up, int batch);
   const std::vector<KeyEvent>& keyEvents() const { return keyEvents_; }
+  void forgetKeyEvents() { keyEvents_.clear(); }
   bool isKeyDown(int virtualKey) const;
 
   // ---- rules and people

@@ -5,6 +5,7 @@ import unittest
 
 import chords
 import failing_ways
+import long_life
 import meddling
 import sweep
 from promises import CHECKS, Run, broken_promises, has_model_ended, has_script_ended
@@ -345,6 +346,37 @@ class SweepTest(unittest.TestCase):
         self.assertEqual(failing_ways.CALLS.keys() & failing_ways.UNFAILING.keys(), set())
         self.assertEqual(failing_ways.unknown_calls(["Sleep", "SendInput", "NoSuchCall"]), ["NoSuchCall"])
         self.assertTrue(all(reason for reason in failing_ways.UNFAILING.values()))
+
+
+class LongLifeTest(unittest.TestCase):
+    MEASURES = [{"held": {"hooks": 1}, "openFiles": 3, "residentKb": 8000, "inUseBytes": 2_000_000} for _ in range(5)]
+    END = {"exitCode": 0, "live": {"hooks": 0}, "differing": 0, "rounds": 9}
+
+    def grown(self, **more):
+        return [*self.MEASURES[:-1], self.MEASURES[-1] | more]
+
+    def test_Growth_IsSeen_WhereverItIs(self):
+        self.assertEqual(list(long_life.growth_faults(self.MEASURES, True)), [])
+        for more in ({"residentKb": 8600}, {"inUseBytes": 2_020_000}, {"openFiles": 4}, {"held": {"hooks": 2}}):
+            self.assertEqual(len(list(long_life.growth_faults(self.grown(**more), True))), 1, more)
+
+    def test_Memory_IsNotJudged_UnderAnInstrument(self):
+        self.assertEqual(list(long_life.growth_faults(self.grown(inUseBytes=9_000_000), False)), [])
+
+    def test_End_IsBroken_WhenSomethingIsHeldOrARoundDiffered(self):
+        self.assertEqual(list(long_life.end_faults(self.END)), [])
+        for change in ({"exitCode": 3}, {"live": {"hooks": 1}}, {"differing": 1}):
+            self.assertEqual(len(list(long_life.end_faults(self.END | change))), 1, change)
+
+    def test_FirstRounds_MustSucceed(self):
+        reply = {"as": "deliver-grok", "kind": "success", "value": {"success": False}}
+        self.assertEqual(len(list(long_life.first_use_faults([{"round": 1, "replies": [reply]}]))), 1)
+
+    def test_Pages_DontGrow(self):
+        steps = [action for window in long_life.make_scenario()["desktop"]["windows"] for tab in window.get("tabs", [])
+                 for rule in tab.get("rules", []) for action in rule["do"]]
+        self.assertTrue(steps)
+        self.assertFalse([action for action in steps if "add" in action or "remove" in action])
 
 
 class MeddlingTest(unittest.TestCase):
