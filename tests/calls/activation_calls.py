@@ -2,7 +2,8 @@
 from formula import calls, size
 from reading import (NOBODY, NOTHING, SELECTION, STRANGER, address, answered, bring_forward, condition,
                      element, facts, fields_condition, follow_up, force, force_at_once, heard, image, is_selected,
-                     pattern, root, search, session, sleeps, text_facts, time_begins, time_read, utf8, wide, window_title)
+                     pattern, root, search, session, sleeps, text_facts, time_begins, time_read, utf8, wide,
+                     window_title)
 
 TABS, WINDOWS, OTHERS = size("t"), size("w"), size("o")
 ATTEMPTS, FIELDS, PASSES, PROVIDERS = size("k"), size("e"), size("p"), size("c")
@@ -150,7 +151,8 @@ def assist_found():
     brought = bring_forward(STRANGER) + calls("GetForegroundWindow") + sleeps()
     keys = calls(SendInput=6) + sleeps()
     field = calls("GetForegroundWindow", "IUIAutomation::GetFocusedElement") + facts("ControlType") + text_facts("Name")
-    filled = pattern("IUIAutomationValuePattern::SetValue") + calls("SysAllocString", "SysFreeString") + utf8() + sleeps()
+    filled = (pattern("IUIAutomationValuePattern::SetValue") + calls("SysAllocString", "SysFreeString") + utf8() +
+              sleeps())
     confirmed = (calls("GetForegroundWindow", "IUIAutomation::GetFocusedElement", "IUIAutomation::CompareElements") +
                  calls(SendInput=2) + sleeps())
     landed = calls("GetForegroundWindow") + image() + look_at_address()

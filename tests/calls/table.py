@@ -15,7 +15,7 @@ OPENING = """# Platform calls
 How often each route calls each operation of the platform: no call more, and none fewer. The formulas say what the order
 of a route's steps demands, reads that serve the trace alone among them. They are put together in `tests/calls`, step by
 step, from what each step has to find out; this page is written from them by `tests/calls/table.py`, and the test
-`calls.exact` holds the host to them over ranges of sizes. An operation that isn't in a route's table isn't called by it.
+`calls.exact` holds the host to them over ranges of sizes. What isn't in a route's table isn't called by it.
 
 A number is what the route adds to a run that only waits as long. It includes the channel's part of taking a message and
 answering it (`FlutterDesktopMessenger…`, six calls), and for a successful activation the thread that follows it.
@@ -44,7 +44,7 @@ SIZES = {
     },
     "Window channel and small calls": {
         "m": "menu entries with label and shortcut", "c": "1 when an entry is chosen, 0 when the menu is dismissed",
-        "s": "suggestions, 0 to 7",
+        "s": "suggestions, 0 to 7", "o": "other programs' windows",
     },
 }
 
@@ -75,7 +75,8 @@ def main(arguments):
         TABLE.write_text(table(), encoding="utf-8")
         return 0
     stands = TABLE.read_text(encoding="utf-8") if TABLE.is_file() else ""
-    changed = list(difflib.unified_diff(stands.splitlines(), table().splitlines(), str(TABLE), "the routes", lineterm=""))
+    wanted = table()
+    changed = list(difflib.unified_diff(stands.splitlines(), wanted.splitlines(), TABLE.name, "routes", lineterm=""))
     if changed:
         print(*changed[:40], "docs/platform-calls.md differs; tests/calls/table.py writes it", sep="\n")
     return 1 if changed else 0

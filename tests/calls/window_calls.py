@@ -1,8 +1,8 @@
 """What the methods of the window channel demand, as far as their number doesn't hang on messages that follow."""
 from formula import calls, size
-from reading import NOTHING, answered, wide, utf8
+from reading import NOTHING, answered, image, utf8, wide
 
-ENTRIES, SUGGESTIONS, CHOSEN = size("m"), size("s"), size("c")
+ENTRIES, SUGGESTIONS, CHOSEN, OTHERS = size("m"), size("s"), size("c"), size("o")
 
 
 def command(*parts):
@@ -60,6 +60,23 @@ def spelling():
     return command(wide(2), made, checked, SUGGESTIONS * each, calls("IEnumString::Next"))
 
 
+def all_windows(each):
+    """The host's own and the others."""
+    return calls("EnumWindows") + (OTHERS + 1) * each
+
+
+def content_process_raised():
+    """Its window is the first, and in front."""
+    found = calls("EnumWindows", "GetWindowThreadProcessId", "IsWindowVisible", "GetPropW", "GetClassNameW")
+    return command(found, image(),
+                   calls("GetModuleFileNameW", "IsIconic", "SetForegroundWindow", "GetForegroundWindow"))
+
+
+def picture_looked_for(formats):
+    return calls("OpenClipboard", "RegisterClipboardFormatW", "CloseClipboard",
+                 IsClipboardFormatAvailable=formats)
+
+
 MENU = menu()
 MENU_WITHOUT_ENTRIES = command(calls("CreatePopupMenu", "DestroyMenu"))
 WORK_AREA = command(calls("MonitorFromWindow", "GetMonitorInfoW"))
@@ -72,5 +89,12 @@ KEYS = command(calls("SendInput"))
 REFUSED = command()
 DRAFT_WRITTEN, DRAFT_READ, SPELLING = draft_written(), draft_read(), spelling()
 
+CONTENT_PROCESS_MISSING = command(all_windows(calls("GetWindowThreadProcessId")))
+CONTENT_PROCESS_RAISED = content_process_raised()
+BACKGROUND_MISSING = command(all_windows(calls("GetPropW")))
+NO_PICTURE = command(picture_looked_for(3))
+PNG_READ = command(picture_looked_for(1), calls("GetClipboardData", "GlobalSize", "GlobalLock", "GlobalUnlock"))
+
+WINDOW_RAISED = calls("IsWindow", "ShowWindow", "SetForegroundWindow") + answered()
 URL_OPENED = calls("ShellExecuteW") + wide() + answered()
 NOTHING_OPENED = answered() + NOTHING
