@@ -6,7 +6,7 @@ from reading import (NOBODY, NOTHING, SELECTION, STRANGER, address, answered, br
                      window_title)
 
 TABS, WINDOWS, OTHERS = size("t"), size("w"), size("o")
-ATTEMPTS, FIELDS, PASSES, PROVIDERS = size("k"), size("e"), size("p"), size("c")
+ATTEMPTS, FIELDS, PASSES, PROVIDERS, TRIES = size("k"), size("e"), size("p"), size("c"), size("n")
 
 
 # ---- what is read of one window
@@ -71,13 +71,16 @@ def discovery_pass(composer=NOTHING):
 
 # ---- choosing, selecting and proving
 
-def select_tab():
-    """Every tab of the window is looked at anew, then one is selected, invoked and asked to act by default; the last
-    two aren't offered by tabs."""
+def tab_asked_to_be_selected():
+    """Every tab of the window is looked at anew, then one is selected."""
     enumerated = calls("IsWindow") + root() + condition() + search() + utf8(2)
     each = element() + text_facts("Name", "AutomationId") + is_selected() + utf8(2)
-    selected = pattern(SELECTION + "Select") + 2 * pattern() + sleeps() + is_selected()
-    return enumerated + TABS * each + utf8(2) + selected
+    return enumerated + TABS * each + utf8(2) + pattern(SELECTION + "Select")
+
+
+def select_tab():
+    """The tab is invoked and asked to act by default too, which tabs don't offer, and is looked at again."""
+    return tab_asked_to_be_selected() + 2 * pattern() + sleeps() + is_selected()
 
 
 def look_at_address():
@@ -110,6 +113,11 @@ def selected_anew():
     return select_tab() + utf8(2)
 
 
+def selected_at_last():
+    """At the n-th attempt."""
+    return (TRIES - 1) * (tab_asked_to_be_selected() + utf8(2) + sleeps()) + selected_anew()
+
+
 def destination_pass(composer):
     return (calls("EnumWindows") + WINDOWS * browser_window(False, composer) + OTHER_WINDOWS +
             calls("GetForegroundWindow"))
@@ -120,14 +128,26 @@ CHATGPT_PROOF = sleeps() + look_at_address() + window_title() + composer_proven(
 NO_COMPOSER = composer_missing(FIELDS)
 
 
-def warm(selection, foreground, attempts=1):
-    """The remembered window alone."""
+def warm_tab_chosen():
+    """In the remembered window alone."""
     known = calls("IsWindow") + image()
     inspected = calls("IsWindow") + image() + root() + condition() + search() + utf8()
     each = element() + text_facts("Name", "AutomationId") + is_selected()
-    proof = attempts * (look_at_address() + sleeps()) - sleeps()
-    return (time_begins() + known + inspected + TABS * each + utf8() + selection + proof + utf8(2) + foreground +
-            time_read())
+    return time_begins() + known + inspected + TABS * each + utf8()
+
+
+def warm_proof(attempts):
+    """Provider and address stand in the verdict."""
+    return attempts * (look_at_address() + sleeps()) - sleeps() + utf8(2)
+
+
+def warm(selection, foreground, attempts=1):
+    return warm_tab_chosen() + selection + warm_proof(attempts) + foreground + time_read()
+
+
+def warm_in_vain():
+    """Neither the remembered tab nor the one before it proves the provider."""
+    return warm_tab_chosen() + 2 * (select_tab() + warm_proof(25)) + time_read()
 
 
 REMEMBERED = wide(3)
@@ -178,10 +198,27 @@ def cold_chatgpt(foreground):
     return cold(CHATGPT_PROOF, selected_anew(), foreground, destination_pass(NO_COMPOSER), NO_COMPOSER, reply_texts=2)
 
 
+def cold_behind_warm():
+    """What was remembered stands in the trace of the pass."""
+    settled = sleeps() + look_at_address()
+    return (beginning(REMEMBERED) + warm_in_vain() + discovery_pass() + utf8(2) + utf8(1) + selected_anew() + settled +
+            sleeps() + bring_forward(STRANGER) + ending() + follow_up())
+
+
+def cold_restored():
+    """A company's page: the tab from before is selected again, and no window brought forward."""
+    settled = sleeps() + look_at_address()
+    return (beginning() + warm_skipped() + discovery_pass() + utf8(1) + selected_anew() + settled + select_tab() +
+            sleeps() + ending())
+
+
 COLD_SELECTED = cold(NOTHING, chosen_texts=2)
 COLD = cold(NOTHING, selected_anew())
 COLD_FROM_AFAR = COLD + heard()
 COLD_FROM_NOBODY = cold(NOTHING, selected_anew(), bring_forward(NOBODY)) + heard()
+COLD_AT_LAST = cold(NOTHING, selected_at_last())
+COLD_BEHIND_WARM = cold_behind_warm()
+COLD_RESTORED = cold_restored()
 COLD_CLAUDE = cold(CLAUDE_PROOF, selected_anew())
 COLD_CHATGPT = cold_chatgpt(force_at_once())
 COLD_CHATGPT_FORCED = cold_chatgpt(force(STRANGER, PASSES)) + heard()

@@ -1,6 +1,6 @@
 """Desktops of growing size for an activation, and the call."""
 from kit.activation_cases import provider_arguments
-from kit.core import add, browser, call, edit, move_focus, on_key, remove, rule, scenario, tab, wait, window
+from kit.core import add, browser, call, edit, fault, move_focus, on_key, remove, rule, scenario, tab, wait, window
 
 CHAT_TITLES = {"Gemini": "Lease questions - Google Gemini", "Claude": "Lease questions - Claude",
                "ChatGPT": "Lease questions - ChatGPT"}
@@ -85,18 +85,36 @@ def no_chat(provider):
     return build
 
 
+def refused_at_first(sizes, family):
+    """The browser breaks off all selections but the n-th."""
+    made = desk_with_chat("Gemini")(sizes, family)
+    if sizes["n"] > 1:
+        made["desktop"]["faults"] = [fault("IUIAutomationSelectionItemPattern::Select", "0x80010108",
+                                           times=sizes["n"] - 1)]
+    return made
+
+
+def company_page(sizes, family):
+    """The title is the provider's, the page isn't."""
+    page = named_tab(CHAT_TITLES["Gemini"], "https://www.google.com/about")
+    first = paper_window(0, sizes, page, family)
+    return run([first, *[paper_window(at, sizes, family=family) for at in range(1, sizes["w"])]], sizes, "Gemini")
+
+
 def remembered(provider, family, index):
     return {"rememberedTitle": CHAT_TITLES[provider], "rememberedAutomationId": "tab-0",
             "rememberedBrowser": FAMILIES[family], "rememberedWindowHandle": {"$windowText": "browser0"},
             "rememberedTabIndex": str(index)}
 
 
-def warm(provider, is_selected=False):
-    """With `k` the address shows at the k-th look at it."""
+def warm(provider, is_selected=False, is_elsewhere=False):
+    """With `k` the address shows at the k-th look at it; elsewhere it is another page's."""
 
     def build(sizes, family):
         last = sizes["t"] - 1
         chat, rules = chat_tab(provider), []
+        if is_elsewhere:
+            chat["address"] = "https://papers.example/elsewhere"
         if "k" in sizes:
             chat["address"] = "loading"
             shows = {"address": CHAT_ADDRESSES[provider]}

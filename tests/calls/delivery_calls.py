@@ -6,7 +6,7 @@ from reading import (NOTHING, answered, condition, element, exact_host, facts, f
 # Of the page: further fields, buttons before and behind the others, other elements, files to be removed.
 FIELDS, BEFORE, BEHIND, ELEMENTS, FILES = size("e"), size("b"), size("a"), size("x"), size("f")
 TABS, CHECKS, READY, SCANS, PASTE_CHECKS, RUNS = size("t"), size("k"), size("r"), size("s"), size("v"), size("n")
-HOSTS = size("h")
+HOSTS, PATTERNS = size("h"), size("p")
 
 # What the page has by itself.
 PAGE_BUTTONS = 6
@@ -116,6 +116,10 @@ def send_gone():
     return buttons_searched() + passed_over(PAGE_BUTTONS + BEFORE + BEHIND) + enabled_on_screen()
 
 
+def send_missed(checks):
+    return checks * (send_gone() + sleeps())
+
+
 def attachments_removed():
     all_buttons = buttons_searched() + passed_over(PAGE_BUTTONS + BEFORE + BEHIND + FILES)
     return all_buttons + FILES * (enabled_on_screen() + pattern(INVOKE) + sleeps())
@@ -133,6 +137,12 @@ def responding_state():
 
 def responding_state_seen():
     return calls("GetForegroundWindow", "IsWindow") + stop_seen() + answered()
+
+
+def responding_state_by_title():
+    """Without a handle the title must hold the name or one of `p` patterns, all of which are taken in."""
+    return (calls("GetForegroundWindow", "IsWindow", "GetWindowTextLengthW", "GetWindowTextW") + wide(PATTERNS + 1) +
+            utf8() + no_stop() + answered())
 
 
 def input_focused():
@@ -168,7 +178,19 @@ def composer_emptied(tries):
 
 CLAUDE = claude(composer_emptied(CHECKS))
 CLAUDE_PROBABLE = claude(sleeps() + box_verified() + prompt_read() + no_stop() +
-                         20 * (send_gone() + sleeps()))
+                         send_missed(20))
+
+
+def retried():
+    """The text stays, nothing answers, and Send stands ready again: it is pressed once more."""
+    return (sleeps() + box_verified() + prompt_read() + no_stop() + send_stable(3) + send_pressed() + sleeps() +
+            box_verified() + prompt_read())
+
+
+CLAUDE_RETRIED = claude(retried())
+CLAUDE_BY_ENTER = pipeline(
+    box_verified(), sleeps() + send_missed(20) + KEYS + sleeps(),
+    TICK + sleeps() + box_verified() + prompt_read() + TICK, before=attachments_removed(), ends_focused=False)
 
 
 def settled_and_read():
@@ -190,10 +212,18 @@ CHATGPT_RESPONDING = pipeline(box_verified(), CHATGPT_SUBMIT, responding_at(CHEC
 GEMINI = pipeline(box_verified(), GEMINI_SUBMIT, observed())
 GEMINI_RESPONDING = pipeline(box_verified(), GEMINI_SUBMIT, responding_at(CHECKS))
 
+def never_responding(polls):
+    return observed() + polls * (no_stop() + sleeps()) + send_missed(8)
+
+
+CHATGPT_PROBABLE = pipeline(box_verified(), CHATGPT_SUBMIT, never_responding(10))
+GEMINI_PROBABLE = pipeline(box_verified(), GEMINI_SUBMIT, never_responding(8))
+
 PERPLEXITY_BOX = perplexity_box_verified()
-PERPLEXITY = pipeline(
-    PERPLEXITY_BOX, 2 * sleeps() + stable(prompt_read()) + send_stable(3) + send_pressed() + sleeps(),
-    CHECKS * (no_stop() + PERPLEXITY_BOX + prompt_read() + sleeps()) - sleeps())
+PERPLEXITY_SUBMIT = 2 * sleeps() + stable(prompt_read()) + send_stable(3) + send_pressed() + sleeps()
+PERPLEXITY_LOOK = no_stop() + PERPLEXITY_BOX + prompt_read() + sleeps()
+PERPLEXITY = pipeline(PERPLEXITY_BOX, PERPLEXITY_SUBMIT, CHECKS * PERPLEXITY_LOOK - sleeps())
+PERPLEXITY_PROBABLE = pipeline(PERPLEXITY_BOX, PERPLEXITY_SUBMIT, 24 * PERPLEXITY_LOOK + send_missed(8))
 
 PLAIN_SUBMIT = sleeps() + KEYS + sleeps()
 PLAIN_READY = (READY - 3) * (box_disabled() + sleeps()) + stable(box_verified())
@@ -202,6 +232,10 @@ PLAIN = pipeline(box_verified(), PLAIN_SUBMIT, sleeps(), PLAIN_READY)
 PLAIN_AGAIN = (pipeline(box_verified(), PLAIN_SUBMIT, sleeps()) +
                (RUNS - 1) * pipeline(box_verified(), PLAIN_SUBMIT, sleeps(), is_settled=True))
 
+
+# The window in front is another than the one named; the key isn't needed any more.
+WRONG_WINDOW = TICK + sleeps() + calls("GetForegroundWindow", "IsWindow") + answered()
+NEVER_READY = entered() + sleeps() + TICK + 14 * (box_disabled() + sleeps()) + TICK + answered()
 
 # ---- best effort
 
@@ -226,20 +260,25 @@ def usable():
     return facts("IsEnabled", "IsKeyboardFocusable", "IsOffscreen", "BoundingRectangle")
 
 
-def best_effort():
-    """Each of its steps reads the clock, and so does its start."""
+def best_effort_focused():
+    """Each step reads the clock, and so does the start."""
     identified = TICK + utf8() + TICK + exactly_in_front() + TICK
     opened = session() + root() + condition()
     missed = scan(element() + facts("IsEnabled")) + TICK + exactly_in_front() + sleeps()
     found = scan(usable_field() + text_facts("Name")) + TICK
     focused = exactly_in_front() + calls("IUIAutomationElement::SetFocus") + still_focused() + TICK + value()
+    return entered() + identified + opened + (SCANS - 1) * missed + found + focused
+
+
+def best_effort():
     prompt = calls("OpenClipboard", "GetClipboardData", "GlobalSize", "GlobalLock", "GlobalUnlock",
                    "CloseClipboard") + still_focused()
     pasted = KEYS + TICK + PASTE_CHECKS * (sleeps() + still_focused() + value()) + TICK
     sent = still_focused() + KEYS + TICK
     delivered = CHECKS * (sleeps() + exactly_in_front() + usable() + value()) + TICK
-    return (entered() + identified + opened + (SCANS - 1) * missed + found + focused + prompt + pasted + sent +
-            delivered + answered())
+    return best_effort_focused() + prompt + pasted + sent + delivered + answered()
 
 
 BEST_EFFORT = best_effort()
+# A draft stands in the composer.
+BEST_EFFORT_BLOCKED = best_effort_focused() + TICK + answered()

@@ -1,7 +1,7 @@
 """A provider's page of growing size, and one delivery to it."""
 from kit.activation_cases import CALLS
 from kit.core import (add, at, browser, button, call, change, edit, on_invoke, on_key, on_paste, remove, rule, scenario,
-                      tab, text, wait)
+                      tab, text, wait, window)
 from kit.pages import (CHATGPT, CLAUDE, DEEPSEEK, GEMINI, GROK, PERPLEXITY, QWEN, attachments, pasted_page, ready_page,
                        stop_button, working_page)
 
@@ -62,6 +62,46 @@ def emptied_late(sizes, _):
 
 def send_never_back(sizes, _):
     return delivered(pasted_page(CLAUDE).with_rules(on_invoke("send", change("send", enabled=False))), sizes)
+
+
+def sent_again(sizes, _):
+    """Claude's page takes what is sent only when it is sent once more, two readings of the box later."""
+    second = AFTER_CLAUDE_SEND + BEFORE_CLAUDE_TRY + 2 * BETWEEN_POLLS
+    page = pasted_page(CLAUDE).with_rules(on_invoke("send", change("composer", value=""), after=second + EARLY))
+    return delivered(page, sizes)
+
+
+def send_never_ready(sizes, _):
+    return delivered(ready_page(CLAUDE).with_rules(on_key("Enter", change("composer", value=""))), sizes)
+
+
+def answers_unseen(provider, trigger):
+    """The text stays, no Stop control shows, and Send isn't ready again."""
+    return lambda sizes, _: delivered(pasted_page(provider).with_rules(rule(trigger, change("send", enabled=False))),
+                                      sizes)
+
+
+def other_window_in_front(sizes, _):
+    made = delivered(ready_page(GROK), sizes)
+    made["desktop"]["windows"].append(window("notes", "notes.exe", "Notes", (0, 0, 400, 300)))
+    return {**made, "desktop": {**made["desktop"], "foreground": "notes"}}
+
+
+def never_ready(sizes, _):
+    return delivered(ready_page(GROK).set("composer", enabled=False), sizes)
+
+
+def draft_in_the_way(sizes, _):
+    usable = BEFORE_FOREGROUND + BETWEEN_SCANS * (sizes["s"] - 1) - EARLY
+    page = ready_page(DEEPSEEK, draft="Dear landlord,").set("composer", enabled=False)
+    return delivered(page.with_rules(at(usable, change("composer", enabled=True))), {**sizes, "h": 1})
+
+
+def looked_at_by_title(sizes, _):
+    """The last pattern is the one that fits."""
+    patterns = [*[f"word{at}" for at in range(sizes["p"] - 1)], "gemini"]
+    asked = {"name": "Lease", "patterns": patterns}
+    return run(ready_page(GEMINI), sizes, [call("getProviderResponseState", asked)])
 
 
 def responds_late(provider, trigger):

@@ -10,7 +10,7 @@ import window_calls as windows
 import window_scenes as asked
 from formula import Calls
 from kit.core import call, scenario
-from kit.pages import CHATGPT, GEMINI
+from kit.pages import CHATGPT, GEMINI, PERPLEXITY
 
 FAMILIES = tuple(desktops.FAMILIES)
 CHROME = ("chrome.exe",)
@@ -64,6 +64,10 @@ ACTIVATION = (
           desktops.desk_with_chat("Gemini", front="other0"), desks()),
     Route("Cold: the same with no window in front", activation.COLD_FROM_NOBODY,
           desktops.desk_with_chat("Gemini", front=None), desks()),
+    Route("Cold: the same, selected at the n-th attempt", activation.COLD_AT_LAST, desktops.refused_at_first,
+          desks(n=(1, 2, 3))),
+    Route("Cold: a company's page, the tab from before restored", activation.COLD_RESTORED, desktops.company_page,
+          desks(), FAMILIES),
     Route("Cold: Claude", activation.COLD_CLAUDE, desktops.desk_with_chat("Claude"), desks(), FAMILIES),
     Route("Cold: ChatGPT", activation.COLD_CHATGPT, desktops.desk_with_chat("ChatGPT", page=desktops.composer()),
           large_desks(e=FIELDS), FAMILIES),
@@ -77,6 +81,8 @@ ACTIVATION = (
           large_desks(k=(1, 2, 9, 25)), FAMILIES),
     Route("Warm: Claude", activation.WARM, desktops.warm("Claude"), desks(k=(1, 3))),
     Route("Warm: ChatGPT", activation.WARM_CHATGPT, desktops.warm("ChatGPT"), desks(e=FIELDS), FAMILIES),
+    Route("Warm: Gemini, unproven in 25 looks, restored, unproven again; then cold", activation.COLD_BEHIND_WARM,
+          desktops.warm("Gemini", is_elsewhere=True), desks(), FAMILIES),
     Route("No Gemini anywhere: three passes", activation.NOTHING_FOUND, desktops.no_chat("Gemini"), large_desks()),
     Route("No ChatGPT anywhere, no Chrome", activation.NOTHING_FOUND_CHATGPT, desktops.no_chat("ChatGPT"),
           desks(e=FIELDS), FAMILIES[1:]),
@@ -88,14 +94,26 @@ DELIVERY = (
           page_sizes(f=(0, 1, 2, 10), k=(1, 2, 10))),
     Route("Claude: text stays, Send never comes back", delivery.CLAUDE_PROBABLE, pages.send_never_back,
           page_sizes(f=(0, 1))),
+    Route("Claude: text stays, Send pressed once more", delivery.CLAUDE_RETRIED, pages.sent_again,
+          page_sizes(f=(0, 1))),
+    Route("Claude: Send never ready, sent by Enter", delivery.CLAUDE_BY_ENTER, pages.send_never_ready,
+          page_sizes(f=(0, 1))),
     Route("ChatGPT: composer empty", delivery.CHATGPT, pages.at_work(CHATGPT), page_sizes()),
     Route("ChatGPT: answer seen at the k-th look", delivery.CHATGPT_RESPONDING, pages.CHATGPT_RESPONDS,
           page_sizes(k=(1, 2, 10))),
+    Route("ChatGPT: no answer seen, Send never back", delivery.CHATGPT_PROBABLE,
+          pages.answers_unseen(CHATGPT, {"invoke": "send"}), page_sizes()),
     Route("Gemini: composer empty", delivery.GEMINI, pages.at_work(GEMINI), page_sizes()),
     Route("Gemini: answer seen at the k-th look", delivery.GEMINI_RESPONDING, pages.GEMINI_RESPONDS,
           page_sizes(k=(1, 2, 8))),
+    Route("Gemini: no answer seen, Send never back", delivery.GEMINI_PROBABLE,
+          pages.answers_unseen(GEMINI, {"key": "Enter"}), page_sizes()),
     Route("Perplexity: composer seen empty at the k-th look", delivery.PERPLEXITY, pages.cleared_late,
           page_sizes(x=(0, 5, 90), t=(1, 2, 4), k=(1, 2, 24))),
+    Route("Perplexity: nothing seen in 24 looks, Send never back", delivery.PERPLEXITY_PROBABLE,
+          pages.answers_unseen(PERPLEXITY, {"invoke": "send"}), page_sizes(x=(0, 5), t=(1, 4))),
+    Route("Any: another window in front", delivery.WRONG_WINDOW, pages.other_window_in_front, ({"e": 3},)),
+    Route("Plain Enter: composer never ready", delivery.NEVER_READY, pages.never_ready, around({"e": 0}, e=(1, 60))),
     Route("Plain Enter: ready at the r-th check", delivery.PLAIN, pages.ready_late,
           around({"e": 0, "r": 3}, e=(1, 3, 500), r=(4, 9, 14))),
     Route("Plain Enter: n deliveries, one after the other", delivery.PLAIN_AGAIN, pages.delivered_again,
@@ -103,6 +121,10 @@ DELIVERY = (
     Route("Best effort: found at the s-th scan, pasted at the v-th check, sent at the k-th", delivery.BEST_EFFORT,
           pages.best_effort, around({"e": 0, "h": 1, "s": 1, "v": 1, "k": 1}, e=(1, 3, 40), h=(2,), s=(2, 8),
                                     v=(2, 10), k=(2, 12))),
+    Route("Best effort: a draft in the way", delivery.BEST_EFFORT_BLOCKED, pages.draft_in_the_way,
+          around({"e": 0, "s": 1, "h": 1}, e=(1, 40), s=(2, 8))),
+    Route("`getProviderResponseState` by the title", delivery.responding_state_by_title(), pages.looked_at_by_title,
+          around({"b": 0, "a": 0, "p": 1}, b=(1, 7), a=(5,), p=(2, 30))),
     Route("`getProviderResponseState`: no answer under way", delivery.responding_state(),
           pages.looked_at("getProviderResponseState"), around({"b": 0, "a": 0}, b=(1, 7, 2000), a=(1, 5))),
     Route("`getProviderResponseState`: an answer under way", delivery.responding_state_seen(),

@@ -32,7 +32,7 @@ SIZES = {
         "o": "other programs' windows; the host's own comes to them",
         "e": "fields of each page in front besides the address bar, none of them a composer",
         "c": "windows that show ChatGPT", "k": "looks at the address until it proves the page, 1 to 25",
-        "p": "passes until the window is in front, 1 to 3",
+        "p": "passes until the window is in front, 1 to 3", "n": "attempts until the tab is selected, 1 to 3",
     },
     "Delivery": {
         "e": "fields of the page that are no composer, besides its own search field",
@@ -40,7 +40,7 @@ SIZES = {
         "f": "files to be removed, 0 to 10", "x": "other elements", "t": "tabs of the window",
         "k": "looks until the evidence is there", "r": "checks until the composer has been ready three times, 3 to 14",
         "n": "deliveries", "h": "hosts tried until one fits", "s": "scans until the composer is found, 1 to 8",
-        "v": "checks until the pasted text is there, 1 to 10",
+        "v": "checks until the pasted text is there, 1 to 10", "p": "words that a title may hold, besides the name",
     },
     "Window channel and small calls": {
         "m": "menu entries with label and shortcut", "c": "1 when an entry is chosen, 0 when the menu is dismissed",
