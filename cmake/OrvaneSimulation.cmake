@@ -40,6 +40,9 @@ endif()
 # Each needs the other's symbols: the platform starts the host, the host calls the platform. The
 # host's sources still see nothing of the simulation.
 orvane_link_present(orvane_simulation PUBLIC orvane_host)
+# Helpers of theirs are named as those of the report are: never compiled as one with it.
+set_source_files_properties("${ORVANE_SIMULATION_DIR}/scenario/run_record.cpp" "${ORVANE_SIMULATION_DIR}/scenario/scene.cpp"
+                            PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 if(TARGET orvane_simulation)
   foreach(library IN ITEMS orvane_embedding orvane_host)
     if(TARGET ${library})
@@ -50,6 +53,18 @@ endif()
 
 orvane_sources(simulation_main "${ORVANE_SIMULATION_DIR}/main.cpp")
 if(simulation_main AND TARGET orvane_simulation)
-  add_executable(orvane-sim ${simulation_main})
+  # The page of a run: its files are put into the program.
+  set(page_folder "${ORVANE_SIMULATION_DIR}/page")
+  set(page_source "${CMAKE_CURRENT_BINARY_DIR}/generated/page_template.cpp")
+  orvane_sources(page_parts "${page_folder}/*.html" "${page_folder}/*.css" "${page_folder}/*.js")
+  add_custom_command(
+    OUTPUT "${page_source}"
+    COMMAND "${CMAKE_COMMAND}" "-DFOLDER=${page_folder}" "-DOUTPUT=${page_source}" -P
+            "${CMAKE_CURRENT_SOURCE_DIR}/cmake/embed_page.cmake"
+    DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/cmake/embed_page.cmake" ${page_parts}
+    COMMENT "Putting the page of a run together"
+    VERBATIM)
+  orvane_sources(page_sources "${page_folder}/*.cpp")
+  add_executable(orvane-sim ${simulation_main} ${page_sources} "${page_source}")
   target_link_libraries(orvane-sim PRIVATE orvane_simulation CLI11::CLI11)
 endif()

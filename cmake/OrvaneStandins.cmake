@@ -26,8 +26,8 @@ target_link_options(orvane_windows INTERFACE -static -static-libgcc -static-libs
 
 # The model of pages, and the reader of scenario files: what knows nothing of the simulated platform.
 orvane_sources(world_sources "${ORVANE_SIMULATION_DIR}/world/*.cpp" "${ORVANE_SIMULATION_DIR}/scenario/*.cpp")
-foreach(bound IN ITEMS child_runs painted_report person_printer report run_scenario
-                       scripted_interface trace_times)
+foreach(bound IN ITEMS child_runs painted_report person_printer report run_record run_scenario
+                       scene scripted_interface trace_times)
   list(REMOVE_ITEM world_sources "${ORVANE_SIMULATION_DIR}/scenario/${bound}.cpp")
 endforeach()
 orvane_static_library(orvane_world ${world_sources})

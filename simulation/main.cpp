@@ -3,12 +3,15 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "page/page.h"
+#include "page/page_file.h"
 #include "scenario/child_runs.h"
 #include "scenario/expect.h"
 #include "scenario/person_printer.h"
@@ -26,7 +29,8 @@ struct Request {
   bool json = false;
   bool list = false;
   std::optional<std::string> prompt;
-  std::string report;    // empty: none is given
+  std::string report;  // empty: none is given
+  std::optional<std::string> html;
   std::size_t jobs = 0;  // 0: one for each core
 };
 
@@ -50,15 +54,52 @@ std::optional<std::vector<Scenario>> readAll(const std::vector<std::string>& fil
 
 bool isColored() { return ::isatty(STDOUT_FILENO) != 0 && std::getenv("NO_COLOR") == nullptr; }
 
+// The page that was asked for, and the scenario that it shows.
+class PageOfRun {
+ public:
+  explicit PageOfRun(const Request& request) : file_(*request.html), scenarioFile_(request.files.front()) {
+    scenario_ = readScenarioText(scenarioFile_, request.prompt);
+  }
+
+  // After a line that says why when the page can't be written.
+  bool canBeWritten() const {
+    if (!file_.problem().empty()) complain(file_.path(), file_.problem());
+    if (!scenario_) complain(scenarioFile_, "can't be read a second time, for the page");
+    return file_.problem().empty() && scenario_;
+  }
+
+  bool write(const Json& report, const Json& record, const std::vector<std::string>& unmet) {
+    Json data;
+    data["file"] = validUtf8(std::filesystem::path(scenarioFile_).filename().string());
+    data["scenario"] = *scenario_;
+    data["report"] = report;
+    data["record"] = record;
+    data["unmet"] = unmet;
+    if (file_.write(writePage(data))) return true;
+    complain(file_.path(), file_.problem());
+    return false;
+  }
+
+ private:
+  PageFile file_;
+  std::string scenarioFile_;
+  std::optional<Json> scenario_;
+};
+
 class Runner {
  public:
-  Runner(const Request& request, const std::vector<Scenario>& scenarios) : request_(request), scenarios_(scenarios) {}
+  // `page` may be null: none is asked for.
+  Runner(const Request& request, const std::vector<Scenario>& scenarios, PageOfRun* page)
+      : request_(request), scenarios_(scenarios), page_(page) {}
 
   int run() {
     const std::size_t cores = std::thread::hardware_concurrency();
     doChildRuns(
         scenarios_.size(), request_.jobs == 0 ? cores : request_.jobs,
-        [this](std::size_t index, const auto& readErrorText) { return runScenario(scenarios_[index], readErrorText); },
+        [this](std::size_t index, const auto& readErrorText) {
+          return page_ == nullptr ? runScenario(scenarios_[index], readErrorText)
+                                  : runScenarioRecorded(scenarios_[index], readErrorText);
+        },
         [this](std::size_t index, const ChildRun& run) { take(index, run); });
     return status_;
   }
@@ -70,15 +111,18 @@ class Runner {
       fail(scenario, run.failure);
       return;
     }
+    const Json& report = page_ == nullptr ? run.report : run.report.at("report");
     if (request_.json) {
-      print(stdout, writeJson(run.report) + "\n");
+      print(stdout, writeJson(report) + "\n");
     } else {
-      print(stdout, (hasPrinted_ ? "\n\n" : "") + describeForPerson(scenario, run.report, isColored()));
+      print(stdout, (hasPrinted_ ? "\n\n" : "") + describeForPerson(scenario, report, isColored()));
     }
     hasPrinted_ = true;
     std::fflush(stdout);
-    if (!scenario.expect) return;
-    for (const std::string& failure : compareWithExpectation(*scenario.expect, run.report)) fail(scenario, failure);
+    std::vector<std::string> unmet;
+    if (scenario.expect) unmet = compareWithExpectation(*scenario.expect, report);
+    for (const std::string& failure : unmet) fail(scenario, failure);
+    if (page_ != nullptr && !page_->write(report, run.report.at("record"), unmet)) status_ = unusable;
   }
 
   void fail(const Scenario& scenario, const std::string& what) {
@@ -88,12 +132,13 @@ class Runner {
 
   const Request& request_;
   const std::vector<Scenario>& scenarios_;
+  PageOfRun* page_;
   bool hasPrinted_ = false;
   int status_ = EXIT_SUCCESS;
 };
 
 // Shows a run that was made elsewhere, such as by the real program.
-int show(const Scenario& scenario, const std::string& reportFile) {
+int show(const Scenario& scenario, const std::string& reportFile, PageOfRun* page) {
   std::ifstream stream(reportFile, std::ios::binary);
   const Json report = Json::parse(stream, nullptr, false);
   if (!report.is_object()) {
@@ -106,7 +151,7 @@ int show(const Scenario& scenario, const std::string& reportFile) {
     complain(reportFile, error.what());
     return unusable;
   }
-  return EXIT_SUCCESS;
+  return page == nullptr || page->write(report, nullptr, {}) ? EXIT_SUCCESS : unusable;
 }
 
 int serve(const Request& request) {
@@ -116,11 +161,28 @@ int serve(const Request& request) {
     for (const Scenario& scenario : *scenarios) print(stdout, scenario.file + "\t" + scenario.name + "\n");
     return EXIT_SUCCESS;
   }
-  if (!request.report.empty()) return show(scenarios->front(), request.report);
+  std::optional<PageOfRun> page;
+  if (request.html) {
+    page.emplace(request);
+    if (!page->canBeWritten()) return unusable;
+  }
+  PageOfRun* const asked = page ? &*page : nullptr;
+  if (!request.report.empty()) return show(scenarios->front(), request.report, asked);
   if (request.prompt) {
     for (Scenario& scenario : *scenarios) scenario.desktop.clipboard.setText(textFromUtf8(*request.prompt));
   }
-  return Runner(request, *scenarios).run();
+  return Runner(request, *scenarios, asked).run();
+}
+
+// Options that say something about one run.
+bool areForOneFile(const Request& request) {
+  if (request.html && request.list) {
+    complain("--html", "doesn't go with --list");
+    return false;
+  }
+  if (request.files.size() == 1 || (request.report.empty() && !request.html)) return true;
+  complain(request.html ? "--html" : "--report", "goes with one scenario file");
+  return false;
 }
 
 int main(int argumentCount, char** arguments) {
@@ -129,6 +191,7 @@ int main(int argumentCount, char** arguments) {
   app.add_option("FILE", request.files, "Scenario files")->required();
   app.add_flag("--json", request.json, "Print one report per file, one line each, and nothing else");
   app.add_option("--prompt", request.prompt, "Text on the clipboard, in place of the scenario's");
+  app.add_option("--html", request.html, "Write the one file's run as a page to this file, too");
   app.add_option("--report", request.report, "Show this report of the file's run for a person, and run nothing");
   app.add_flag("--list", request.list, "Print each file's path and name, and run nothing");
   app.add_option("--jobs", request.jobs, "Scenarios that run at a time (default: one for each core)");
@@ -137,11 +200,7 @@ int main(int argumentCount, char** arguments) {
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : unusable;
   }
-  if (!request.report.empty() && request.files.size() != 1) {
-    complain("--report", "goes with one scenario file");
-    return unusable;
-  }
-  return serve(request);
+  return areForOneFile(request) ? serve(request) : unusable;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "scenario/build_desktop.h"
 #include "scenario/report.h"
+#include "scenario/run_record.h"
 #include "scenario/scripted_interface.h"
 #include "windows/platform.h"
 
@@ -13,6 +14,7 @@ struct Run {
   explicit Run(const Scenario& scenario)
       : desktop(clock, books),
         script(scenario, desktop),
+        record(desktop),
         platform(*new Platform(desktop, &script, scenario.arguments)) {
     script.attach(platform);
   }
@@ -21,16 +23,30 @@ struct Run {
   Books books;
   Desktop desktop;
   ScriptedInterface script;
+  RunRecord record;
   Platform& platform;
 };
+
+Json play(const Scenario& scenario, const std::function<std::string()>& readErrorText, Run& run) {
+  buildDesktop(run.desktop, scenario.desktop);
+  const int exitCode = run.platform.run();
+  return describeRun(scenario, exitCode, run.script, run.platform, readErrorText());
+}
 
 }  // namespace
 
 Json runScenario(const Scenario& scenario, const std::function<std::string()>& readErrorText) {
   static Run* const run = new Run(scenario);
-  buildDesktop(run->desktop, scenario.desktop);
-  const int exitCode = run->platform.run();
-  return describeRun(scenario, exitCode, run->script, run->platform, readErrorText());
+  return play(scenario, readErrorText, *run);
+}
+
+Json runScenarioRecorded(const Scenario& scenario, const std::function<std::string()>& readErrorText) {
+  static Run* const run = new Run(scenario);
+  run->script.keep(run->record);
+  Json both;
+  both["report"] = play(scenario, readErrorText, *run);
+  both["record"] = run->record.describe();
+  return both;
 }
 
 }  // namespace orvane::simulation

@@ -13,4 +13,7 @@ namespace orvane::simulation {
 // error stream so far.
 Json runScenario(const Scenario& scenario, const std::function<std::string()>& readErrorText);
 
+// The same; gives {"report", "record"}, the latter as in run_record.h.
+Json runScenarioRecorded(const Scenario& scenario, const std::function<std::string()>& readErrorText);
+
 }  // namespace orvane::simulation

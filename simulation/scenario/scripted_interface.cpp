@@ -26,12 +26,16 @@ bool ScriptedInterface::performStep() {
   return true;
 }
 
-void ScriptedInterface::stepsDone() { endState_ = describeDesktop(desktop_); }
+void ScriptedInterface::stepsDone() {
+  endState_ = describeDesktop(desktop_);
+  if (record_ != nullptr) record_->end();
+}
 
 void ScriptedInterface::begin() {
   hasBegun_ = true;
   const DesktopPlan& plan = scenario_.desktop;
   if (plan.setsForeground) desktop_.moveForeground(plan.foreground ? &windowOf(*plan.foreground) : nullptr);
+  if (record_ != nullptr) record_->begin();
   desktop_.startRules();
 }
 
@@ -85,7 +89,9 @@ void ScriptedInterface::send(const std::string& channel, const Bytes& message, c
   const Clock& clock = desktop_.clock();
   const std::int64_t startMs = clock.nowMs();
   startTraceTimes(clock);
+  if (record_ != nullptr) record_->beginReply();
   const std::optional<Bytes> reply = platform_->sendToHost(channel, message);
+  if (record_ != nullptr) record_->endReply();
   Json& record = records_.addReply(as, method, reply, startMs, clock.nowMs());
   if (hasStepTimes(record["value"], traceTimes())) record["stepMs"] = traceTimes();
 }

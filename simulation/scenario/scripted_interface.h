@@ -7,6 +7,7 @@
 
 #include "scenario/call_records.h"
 #include "scenario/json.h"
+#include "scenario/run_record.h"
 #include "scenario/scenario.h"
 #include "scenario/value_codec.h"
 #include "windows/platform.h"
@@ -20,6 +21,9 @@ class ScriptedInterface : public InterfaceScript {
 
   // Must be called before the host runs: where calls and messages go.
   void attach(Platform& platform) { platform_ = &platform; }
+
+  // Must be called before the host runs: tells `record` when the steps begin and end.
+  void keep(RunRecord& record) { record_ = &record; }
 
   bool performStep() override;
   void stepsDone() override;
@@ -51,6 +55,7 @@ class ScriptedInterface : public InterfaceScript {
   const Scenario& scenario_;
   Desktop& desktop_;
   Platform* platform_ = nullptr;
+  RunRecord* record_ = nullptr;
   ValueSources sources_;
   bool hasBegun_ = false;
   std::size_t nextStep_ = 0;

@@ -29,6 +29,7 @@ std::optional<FaultResult> Books::enter(std::string_view call, const Window* win
   auto known = calls_.find(call);
   if (known == calls_.end()) known = calls_.emplace(std::string(call), 0).first;
   ++known->second;
+  if (watcher_) watcher_(call, window, element);
   std::optional<FaultResult> result;
   for (Fault& fault : faults_) {
     if (fault.call != call || !concerns(fault, window, element)) continue;

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace orvane::simulation {
@@ -59,12 +61,17 @@ class Books {
 
   const std::map<std::string, std::int64_t, std::less<>>& calls() const { return calls_; }
 
+  // Is told of every call as it begins, a call that is to fail too.
+  using Watcher = std::function<void(std::string_view call, const Window* window, const Element* element)>;
+  void watch(Watcher watcher) { watcher_ = std::move(watcher); }
+
   // Something of this kind was taken (+1) or given back (-1). Below zero ends the run.
   void hold(std::string_view kind, int change);
   const std::map<std::string, std::int64_t, std::less<>>& held() const { return held_; }
 
  private:
   std::vector<Fault> faults_;
+  Watcher watcher_;
   std::map<std::string, std::int64_t, std::less<>> calls_;
   std::map<std::string, std::int64_t, std::less<>> held_{
       {std::string(held_kind::comReferences), 0},  {std::string(held_kind::bstrs), 0},

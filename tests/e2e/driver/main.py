@@ -2,6 +2,7 @@
 import argparse
 import json
 import signal
+import subprocess
 import sys
 import time
 from pathlib import Path
@@ -36,6 +37,7 @@ def arguments():
     parser.add_argument("--show", action="store_true", help="print the one scenario's run for a person and compare nothing")
     parser.add_argument("--prompt", metavar="TEXT", help="with --show: text on the clipboard, in place of the scenario's")
     parser.add_argument("--screenshot", type=Path, metavar="FILE", help="leave a picture of the end of the last one")
+    parser.add_argument("--html", type=Path, metavar="FILE", help="with --show: leave the run as a page")
     parser.add_argument("--keep", action="store_true", help="leave each run's report in the work folder")
     parser.add_argument("--build", type=Path, default=ROOT / "build", metavar="FOLDER", help="of the builds (build/)")
     parser.add_argument("--work", type=Path, metavar="FOLDER", help="for what runs leave (e2e of the builds)")
@@ -44,6 +46,8 @@ def arguments():
         parser.error("--show takes one scenario")
     if options.prompt is not None and not options.show:
         parser.error("--prompt goes with --show")
+    if options.html is not None and not options.show:
+        parser.error("--html goes with --show")
     if not (options.scenarios or options.all or options.contract or options.real):
         parser.error("no scenario is named")
     return options
@@ -140,7 +144,10 @@ def show(programs, file, options):
     with Session(programs, Screen.of(scenario.get("desktop", {})), say) as session:
         say(f"Playing it: about {round(expected['virtualMs'] / 1000) + START_SECONDS} s …")
         came = session.play(file, expected["virtualMs"] / 1000, options.screenshot)
-    print_run(programs.simulator, file, came)
+    try:
+        print_run(programs.simulator, file, came, options.html)
+    except subprocess.CalledProcessError:
+        return UNUSABLE
     return 0 if has_succeeded(came) else 1
 
 

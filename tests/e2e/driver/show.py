@@ -17,8 +17,8 @@ def with_prompt(file, prompt, folder):
     return copy
 
 
-def print_run(simulator, file, report):
-    """Prints the report in the words of orvane-sim, to where this program prints."""
+def print_run(simulator, file, report, page=None):
+    """Prints the report in the words of orvane-sim, to where this program prints. `page`: where to leave it as a page."""
     report = dict(report)
     # What only the simulation knows, as far as it is printed.
     report.setdefault("painted", [])
@@ -26,7 +26,8 @@ def print_run(simulator, file, report):
     with tempfile.TemporaryDirectory() as scratch:
         copy = Path(scratch) / "report.json"
         copy.write_text(json.dumps(report, ensure_ascii=False), encoding="utf-8")
-        subprocess.run([str(simulator), "--report", str(copy), str(file)], check=True)
+        options = [] if page is None else ["--html", str(page)]
+        subprocess.run([str(simulator), "--report", str(copy), *options, str(file)], check=True)
 
 
 def has_succeeded(report):
