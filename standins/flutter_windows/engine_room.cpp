@@ -106,7 +106,7 @@ std::optional<Bytes> EngineRoom::deliver(const std::string& channel, const Bytes
   const FlutterDesktopMessageHandler receiver = handler->second;
   receiver.callback((*alive)->messenger, &envelope, receiver.userData);
   guard.lock();
-  return response.reply;
+  return std::exchange(response.reply, std::nullopt);
 }
 
 void EngineRoom::queueReply(FlutterDesktopBinaryReply reply, void* userData, Bytes data) {

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <exception>
 #include <fstream>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -32,6 +33,12 @@ void giveSignal() { std::ofstream(signalFile()) << "ready\n"; }
 bool isSignalTaken() {
   std::error_code unreadable;
   return !std::filesystem::exists(signalFile(), unreadable);
+}
+
+// For a run of so many calls that what is kept of them would be most of the process's memory.
+std::size_t keptReplies() {
+  static const std::wstring text = environmentText(L"ORVANE_KEPT_REPLIES");
+  return text.empty() ? std::numeric_limits<std::size_t>::max() : std::stoul(text);
 }
 
 std::string joined(const std::vector<std::string>& names) {
@@ -143,7 +150,9 @@ void Performance::assemble() {
 }
 
 void Performance::performStep() {
-  if (steps_.performNext()) return showProgress();
+  const bool hasPerformed = steps_.performNext();
+  steps_.records().keepNewest(keptReplies());
+  if (hasPerformed) return showProgress();
   if (steps_.areDone()) enter(Phase::settling);
 }
 

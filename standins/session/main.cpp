@@ -1,6 +1,7 @@
 // Keeps the desktop alive between two runs, and sets what belongs to no window of it: the
 // clipboard, the theme and the pointer. A line "scene PATH" on its input names the next scenario; "ready" or one line
-// that says what is wrong comes back. A line "windows" gives what stands on the desktop now. It ends with its input.
+// that says what is wrong comes back. A line "windows" gives what stands on the desktop now, a line
+// "handles ID" how many handles the process of that id has open. It ends with its input.
 #include <windows.h>
 
 #include <cstdio>
@@ -14,6 +15,7 @@
 #include "common/scenario_of_run.h"
 #include "common/wide_text.h"
 #include "session/look_about.h"
+#include "session/open_handles.h"
 
 namespace {
 
@@ -76,9 +78,11 @@ bool readLine(std::string& line) {
 DWORD WINAPI takeOrders(void* parameter) {
   const auto window = static_cast<HWND>(parameter);
   constexpr std::string_view order = "scene ";
+  constexpr std::string_view handlesOrder = "handles ";
   std::string line;
   while (readLine(line)) {
     if (line == "windows") answer(describeWindows());
+    if (line.starts_with(handlesOrder)) answer(std::to_string(countHandles(line.substr(handlesOrder.size()))));
     if (!line.starts_with(order)) continue;
     const std::string path = line.substr(order.size());
     ::SendMessageW(window, sceneMessage, 0, reinterpret_cast<LPARAM>(&path));

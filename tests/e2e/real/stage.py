@@ -30,6 +30,7 @@ class WatchedSession(Session):
         super().__init__(programs, screen, say)
         self._more = {}
         self._hands = {}
+        self._host = None
 
     def environment(self, **more):
         return super().environment(**more) | self._more
@@ -47,13 +48,27 @@ class WatchedSession(Session):
         """Where the programs of the present run lie."""
         return self._folder
 
-    def watch(self, file, *, before=None, meanwhile=None, at_end=None, environment=None):
+    @property
+    def host_process(self):
+        """The number of the present run's host as this machine counts processes."""
+        return self._host.pid
+
+    def handles_of_host(self):
+        """How many handles the host has open; -1 when that can't be told."""
+        window = next((window for window in self.windows() if window["name"] == "main"), None)
+        if window is None:
+            return -1
+        self._keeper.stdin.write(f"handles {window['process']}\n".encode())
+        self._keeper.stdin.flush()
+        return int(self._keeper.stdout.readline())
+
+    def watch(self, file, *, before=None, meanwhile=None, at_end=None, environment=None, seconds=RUN_SECONDS):
         """The report of one run. Each hand is a function without parameters; `meanwhile` is called again and
         again until it returns something; the host waits a while for what `at_end` does."""
         self._more = environment or {}
         self._hands = {"before": before, "meanwhile": meanwhile, "at_end": at_end}
         try:
-            return self.play(file, RUN_SECONDS, picture=at_end)
+            return self.play(file, seconds, picture=at_end)
         finally:
             self._more, self._hands = {}, {}
 
@@ -93,6 +108,7 @@ class WatchedSession(Session):
             host = processes.start(["wine", str(self._folder / "orvane.exe"), *arguments], env=environment,
                                    cwd=self._folder, stdout=subprocess.DEVNULL, stderr=errors)
             self._started.append(host)
+            self._host = host
             self._see_through(host, files["signal"], time.monotonic() + seconds + EXTRA_SECONDS)
         return host.returncode
 
