@@ -17,6 +17,7 @@
 #include "scenario/person_printer.h"
 #include "scenario/run_scenario.h"
 #include "scenario/scenario_reader.h"
+#include "version.h"
 
 namespace orvane::simulation {
 namespace {
@@ -188,6 +189,7 @@ bool areForOneFile(const Request& request) {
 int main(int argumentCount, char** arguments) {
   Request request;
   CLI::App app("Runs Orvane's host inside a simulated Windows and shows what it did.", "orvane-sim");
+  app.set_version_flag("--version", "orvane-sim " ORVANE_VERSION_TEXT);
   app.add_option("FILE", request.files, "Scenario files")->required();
   app.add_flag("--json", request.json, "Print one report per file, one line each, and nothing else");
   app.add_option("--prompt", request.prompt, "Text on the clipboard, in place of the scenario's");

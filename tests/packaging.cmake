@@ -1,4 +1,4 @@
-# What orvane.exe is made of, read out of its file.
+# What orvane.exe and the tool beside it are made of, read out of their files.
 if(TARGET orvane)
   set(program "${CMAKE_CURRENT_SOURCE_DIR}/packaging")
   foreach(subject IN ITEMS kind imports resources)
@@ -6,6 +6,9 @@ if(TARGET orvane)
              COMMAND "${Python3_EXECUTABLE}" "${program}/check_exe.py" ${subject} $<TARGET_FILE:orvane>
                      --version ${PROJECT_VERSION} --root "${PROJECT_SOURCE_DIR}")
   endforeach()
+  add_test(NAME packaging.tool
+           COMMAND "${Python3_EXECUTABLE}" "${program}/check_exe.py" tool $<TARGET_FILE:orvane-snapshot>
+                   --version ${PROJECT_VERSION} --root "${PROJECT_SOURCE_DIR}")
   add_test(NAME packaging.checker COMMAND "${Python3_EXECUTABLE}" "${program}/check_exe_test.py" $<TARGET_FILE:orvane>
                                           ${PROJECT_VERSION} "${PROJECT_SOURCE_DIR}")
 endif()

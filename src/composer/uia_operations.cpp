@@ -171,6 +171,18 @@ bool UiaElement::isSelected() const {
   return pattern && SUCCEEDED(pattern->get_CurrentIsSelected(&selected)) && selected != FALSE;
 }
 
+bool UiaElement::offersInvoke() const {
+  HRESULT result = S_OK;
+  return static_cast<bool>(findPattern<IUIAutomationInvokePattern>(element_.get(), UIA_InvokePatternId,
+                                                                   IID_IUIAutomationInvokePattern, result));
+}
+
+bool UiaElement::offersSelection() const {
+  HRESULT result = S_OK;
+  return static_cast<bool>(findPattern<IUIAutomationSelectionItemPattern>(
+      element_.get(), UIA_SelectionItemPatternId, IID_IUIAutomationSelectionItemPattern, result));
+}
+
 UiaSession::UiaSession() {
   if (FAILED(::CoCreateInstance(CLSID_CUIAutomation, nullptr, CLSCTX_INPROC_SERVER, IID_IUIAutomation,
                                 automation_.putVoid()))) {

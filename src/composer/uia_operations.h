@@ -86,6 +86,10 @@ class UiaElement {
   PatternOutcome doDefaultAction() const;
   bool isSelected() const;  // false without a SelectionItem pattern and on failure
 
+  // Whether the pattern is there, which is asked without using it; false on failure.
+  bool offersInvoke() const;
+  bool offersSelection() const;
+
  private:
   friend class UiaSession;
   friend class UiaElementArray;

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Reads a Windows program's file and says what of it isn't as it ships.
 
-check_exe.py kind|imports|resources PROGRAM --version X.Y.Z --root SOURCE_TREE
+check_exe.py kind|imports|resources|tool PROGRAM --version X.Y.Z --root SOURCE_TREE
 """
 import argparse
 import re
@@ -22,7 +22,7 @@ INTERFACE_HEADER = "src/embedding/flutter_library.h"
 ICON_GROUP_ID = 101
 ICON_SIDES_PIXELS = [16, 32, 48, 256]
 ICON_TYPE, ICON_GROUP_TYPE, VERSION_TYPE, MANIFEST_TYPE = 3, 14, 16, 24
-X64_MACHINE, PE32_PLUS_MAGIC, WINDOWS_SUBSYSTEM = 0x8664, 0x20B, 2
+X64_MACHINE, PE32_PLUS_MAGIC, WINDOWS_SUBSYSTEM, CONSOLE_SUBSYSTEM = 0x8664, 0x20B, 2, 3
 VERSION_SIGNATURE = 0xFEEF04BD
 
 
@@ -124,7 +124,11 @@ def check_imports(program, root, _version):
     declared = {name for name in declared if name.startswith("FlutterDesktop") or name.endswith("WithRegistrar")}
     yield from (f"{name} is declared in {INTERFACE_HEADER} and in no .def file" for name in sorted(declared - exported))
     yield from (f"{name} is in a .def file and not in {INTERFACE_HEADER}" for name in sorted(exported - declared))
-    for library in sorted(imports.keys() - ours - SYSTEM_LIBRARIES):
+    yield from strange_libraries(imports.keys() - ours)
+
+
+def strange_libraries(libraries):
+    for library in sorted(libraries - SYSTEM_LIBRARIES):
         if not library.startswith("api-ms-win-crt-"):
             yield f"{library} is no library of Windows"
 
@@ -184,7 +188,18 @@ def check_resources(program, _root, version):
     yield from check_version(program, version)
 
 
-CHECKS = {"kind": check_kind, "imports": check_imports, "resources": check_resources}
+def check_tool(program, _root, version):
+    """The tool beside the program: a console program that needs nothing but Windows."""
+    if program.machine != X64_MACHINE or program.magic != PE32_PLUS_MAGIC:
+        yield "not a program for 64-bit Windows"
+    if program.subsystem != CONSOLE_SUBSYSTEM:
+        yield f"subsystem {program.subsystem} instead of {CONSOLE_SUBSYSTEM}: it would print nothing"
+    yield from strange_libraries(program.imports().keys())
+    yield from check_manifest(program)
+    yield from check_version(program, version)
+
+
+CHECKS = {"kind": check_kind, "imports": check_imports, "resources": check_resources, "tool": check_tool}
 
 
 def complaints(subject, data, root, version):

@@ -27,6 +27,11 @@ class CheckExe(unittest.TestCase):
         self.assert_objects("imports", b"desktop_drop_plugin.dll", b"desktop_drap_plugin.dll",
                             "desktop_drop_plugin.dll: DesktopDropPluginRegisterWithRegistrar isn't imported")
 
+    def test_tool_objects_to_the_program_itself(self):
+        found = complaints("tool", PROGRAM.read_bytes(), ROOT, VERSION)
+        self.assertTrue(any("it would print nothing" in line for line in found), found)
+        self.assertTrue(any("flutter_windows.dll is no library of Windows" in line for line in found), found)
+
     def test_imports_objects_when_the_compilers_runtime_is_needed(self):
         self.assert_objects("imports", b"USER32.dll\0", b"libgcc.dll\0", "libgcc.dll is no library of Windows")
 
