@@ -71,7 +71,8 @@ function makeTrace(reply, trace) {
 function makeTimeLine(run, index) {
   const {element} = new TimeLine(run, index);
   if (element) return [make('h3', {}, 'Time line'), element];
-  return [make('p', {class: 'quiet'}, 'It took no time, so there is no time line.')];
+  const {startMs, endMs} = run.report.replies[index];
+  return endMs > startMs ? null : make('p', {class: 'quiet'}, 'It took no time, so there is no time line.');
 }
 
 function makeCall(run, reply, index) {

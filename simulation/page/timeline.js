@@ -128,9 +128,15 @@ function makeLane(lane, axis, width, startMs) {
     make('div', {class: 'items', style: {height: units(height)}}, makeLeaders(lane, axis, width, height), lane.items.map((item) => makeItem(item, startMs))));
 }
 
-function makeTicks(axis) {
-  return make('div', {class: 'ticks', 'aria-hidden': 'true'}, ticksOf(axis).map((ms) =>
-    make('span', {style: {left: units(axis.place(axis.startMs + ms))}}, ms === 0 ? '0' : `+ ${ms} ms`)));
+const tickLabel = 62;
+
+// A tick too near to the end has no room for its time.
+function makeTicks(axis, width) {
+  return make('div', {class: 'ticks', 'aria-hidden': 'true'}, ticksOf(axis).map((ms) => {
+    const at = axis.place(axis.startMs + ms);
+    const hasRoom = at + tickLabel <= width;
+    return make('span', {style: {left: units(at)}}, ms === 0 ? '0' : hasRoom ? `+ ${ms} ms` : '\u00a0');
+  }));
 }
 
 class TimeLine {
@@ -142,9 +148,9 @@ class TimeLine {
     if (this.lanes.length === 0 || reply.endMs <= reply.startMs) return;
     const axis = layOut(this.lanes, reply.startMs, reply.endMs);
     const right = Math.max(axis.width + edge, ...this.lanes.flatMap(({items}) => items.map(({x, length, size}) => x + (length || size))));
-    const width = Math.ceil(right + edge);
+    const width = Math.ceil(right + itemGap);
     this.detail = make('div', {class: 'detail', 'aria-live': 'polite'}, this.makeHint());
-    this.track = make('div', {class: 'track', style: {'--width': width}}, makeTicks(axis),
+    this.track = make('div', {class: 'track', style: {'--width': width}}, makeTicks(axis, width),
       this.lanes.map((lane) => makeLane(lane, axis, width, reply.startMs)));
     this.element = make('div', {class: 'timeline', role: 'group', 'aria-label': `Time line of ${nameOf(reply)}`},
       make('div', {class: 'scroll'}, this.track), this.detail);

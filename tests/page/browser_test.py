@@ -328,6 +328,13 @@ class Looks(BrowserTest):
         self.open("delivered", width=NARROW)
         self.assertTrue(self.browser.run("(() => { const box = document.querySelector('.scroll'); return box.scrollWidth > box.clientWidth; })()"))
 
+    def test_time_line_fits_a_wide_window(self):
+        for name in ("delivered", "not-delivered", "many-windows", "real"):
+            with self.subTest(name):
+                self.open(name)
+                over = self.browser.run("[...document.querySelectorAll('.scroll')].map((box) => box.scrollWidth - box.clientWidth)")
+                self.assertEqual(set(over), {0})
+
     def test_nothing_moves_where_motion_isnt_wanted(self):
         for motion, behavior in (("no-preference", "smooth"), ("reduce", "auto")):
             self.open("delivered", motion=motion)
