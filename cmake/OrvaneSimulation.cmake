@@ -37,6 +37,14 @@ if(TARGET orvane_simulation)
   endif()
 endif()
 
+orvane_join_sources(orvane_simulation)
+if(ORVANE_SANITIZED)
+  # The linter takes the commands for the host's sources, one by one, from the native build.
+  orvane_join_sources(orvane_embedding orvane_host)
+endif()
+# Its records are of types that no other source sees.
+set_source_files_properties("${ORVANE_SIMULATION_DIR}/world/clock.cpp" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+
 # Each needs the other's symbols: the platform starts the host, the host calls the platform. The
 # host's sources still see nothing of the simulation.
 orvane_link_present(orvane_simulation PUBLIC orvane_host)

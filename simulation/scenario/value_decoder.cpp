@@ -14,7 +14,7 @@ class MalformedBytes : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-constexpr int deepestNesting = 500;
+constexpr int deepestValueNesting = 500;
 
 Json realForm(double number) {
   if (std::isnan(number)) return Json{{"$double", "NaN"}};
@@ -39,7 +39,7 @@ class Decoder {
   }
 
   Json readValue() {
-    if (++depth_ > deepestNesting) throw MalformedBytes("nested too deep");
+    if (++depth_ > deepestValueNesting) throw MalformedBytes("nested too deep");
     Json value = readTagged(readByte());
     --depth_;
     return value;

@@ -5,6 +5,7 @@
 
 #include "windows/call.h"
 #include "windows/rectangles.h"
+#include "windows/standard_dpi.h"
 #include "windows/state.h"
 #include "windows/wide_text.h"
 
@@ -14,7 +15,6 @@ namespace {
 
 constexpr UINT demandedFlags = DT_SINGLELINE | DT_NOPREFIX;
 constexpr UINT modelledFlags = demandedFlags | DT_VCENTER | DT_RIGHT | DT_RTLREADING;
-constexpr int standardDpi = 96;
 
 Surface surfaceOf(const DeviceContext& context) {
   return {context.window == nullptr ? std::string() : context.window->id, context.menu};

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "windows/call.h"
+#include "windows/standard_dpi.h"
 #include "windows/state.h"
 #include "windows/window_frame.h"
 #include "windows/window_geometry.h"
@@ -11,7 +12,6 @@ using namespace orvane::simulation;
 
 namespace {
 
-constexpr int standardDpi = 96;
 constexpr int unseenFrame = 7;  // pixels of a sizable frame that nothing is drawn on
 
 bool isKnownAttribute(DWORD attribute) {

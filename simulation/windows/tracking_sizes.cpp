@@ -5,13 +5,13 @@
 #include <algorithm>
 
 #include "windows/messages.h"
+#include "windows/standard_dpi.h"
 #include "windows/state.h"
 #include "windows/window_geometry.h"
 
 namespace orvane::simulation {
 namespace {
 
-constexpr int standardDpi = 96;
 constexpr int leastWidth = 136;
 constexpr int leastHeight = 39;
 constexpr LONG mostPixels = 32767;

@@ -3,13 +3,13 @@
 #include <windows.h>
 
 #include "windows/call.h"
+#include "windows/standard_dpi.h"
 #include "windows/state.h"
 #include "windows/window_geometry.h"
 
 namespace orvane::simulation {
 namespace {
 
-constexpr int standardDpi = 96;
 constexpr int frameSide = 8;
 constexpr int captionedTop = 31;
 constexpr std::uint32_t frameStyles = WS_CAPTION | WS_THICKFRAME;
