@@ -12,12 +12,14 @@ function(orvane_import_library target dll)
     set(command "${CMAKE_AR}" /nologo /machine:x64 "/def:${definitions}" "/out:${library}")
   else()
     set(library "${ORVANE_GENERATED_DIR}/lib${dll}.a")
-    set(command "${CMAKE_DLLTOOL}" -d "${definitions}" -l "${library}")
+    # By its bare name, out of which the tool makes symbols.
+    set(command "${CMAKE_DLLTOOL}" -d "${definitions}" -l "lib${dll}.a")
   endif()
   add_custom_command(
     OUTPUT "${library}"
     COMMAND ${command}
     DEPENDS "${definitions}"
+    WORKING_DIRECTORY "${ORVANE_GENERATED_DIR}"
     COMMENT "Making the import library of ${dll}.dll"
     VERBATIM)
   add_custom_target(import_${dll} DEPENDS "${library}")

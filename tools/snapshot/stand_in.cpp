@@ -64,15 +64,18 @@ wchar_t digitFor(unsigned variant, std::size_t place) {
   return static_cast<wchar_t>(L'0' + (variant == 0 ? 0 : scatter(variant, place) % 10));
 }
 
+bool isBlank(wchar_t unit) { return std::iswspace(static_cast<std::wint_t>(unit)) != 0; }
+bool isDigit(wchar_t unit) { return std::iswdigit(static_cast<std::wint_t>(unit)) != 0; }
+bool isWordUnit(wchar_t unit) { return std::iswalnum(static_cast<std::wint_t>(unit)) != 0; }
+
 wchar_t unitFor(wchar_t unit, unsigned variant, std::size_t place) {
-  const auto sign = static_cast<std::wint_t>(unit);
-  if (std::iswspace(sign) != 0) {
+  if (isBlank(unit)) {
     return unit;
   }
-  if (std::iswdigit(sign) != 0) {
+  if (isDigit(unit)) {
     return digitFor(variant, place);
   }
-  if (std::iswalnum(sign) != 0) {
+  if (isWordUnit(unit)) {
     return letterFor(variant, place);
   }
   return isAscii(unit) ? unit : L'*';

@@ -2,6 +2,7 @@
 import hashlib
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -69,6 +70,14 @@ class Archive(RealTest):
         first = self.session.programs.host.with_name(f"{TOOL}.exe").read_bytes()
         self.assertTrue(first == (again / "bin" / f"{TOOL}.exe").read_bytes(), "the bytes differ")
         shutil.rmtree(again)
+
+    def test_no_program_tells_where_it_was_built(self):
+        build = self.session.programs.host.parent.parent
+        for program in (self.session.programs.host, self.session.programs.host.with_name(f"{TOOL}.exe")):
+            # With its symbols, into which paths may go sign by sign.
+            data = re.sub(rb"\W", b"_", program.read_bytes())
+            for folder in (ROOT, build):
+                self.assertTrue(re.sub(rb"\W", b"_", os.fsencode(folder)) not in data, f"{program.name}: {folder}")
 
     def assert_sums_hold(self, lines, contents):
         told = dict(reversed(line.split("  ")) for line in lines.splitlines())
