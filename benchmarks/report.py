@@ -9,8 +9,12 @@ It measures with what was built in FOLDER and writes {"rows": [ROW...]} to FILE.
 
   name   what was measured, unlike any other row's of the part
   value  the figure
-  limit  what it may be at most; null where it is shown for comparison only
+  limit  what it is to be at most; null where it is shown for comparison only
   unit   "times" for a ratio of two times, else what is counted: "count", "bytes", "instructions"…
+
+and where a limit can't be reached, for a reason that docs/performance.md gives,
+
+  accepted  what it may be instead: the row is shown as missed, and only beyond this it fails
 
 Both sides of a ratio are measured in the same run. --brief is for the tests: seconds, and for times
 with room for noise. A part that can't measure says why on its error stream and ends with a status
@@ -46,11 +50,13 @@ def measure(part, options):
 
 
 def judge(row, is_brief):
-    """"ok", "OVER", or "" for a row without a limit."""
+    """"ok", "missed", "OVER", or "" for a row without a limit."""
     if row["limit"] is None:
         return ""
     room = ROOM_FOR_NOISE if is_brief and row["unit"] == "times" else 1.0
-    return "ok" if row["value"] <= row["limit"] * room else "OVER"
+    if row["value"] <= row["limit"] * room:
+        return "ok"
+    return "missed" if row["value"] <= row.get("accepted", row["limit"]) * room else "OVER"
 
 
 def write_figure(figure, unit):
@@ -91,8 +97,7 @@ def main():
             continue
         report["parts"][part] = [{**row, "verdict": judge(row, options.brief)} for row in rows]
     rows = [row for part in report["parts"].values() for row in part]
-    over = sum(row["verdict"] == "OVER" for row in rows)
-    limited = sum(row["limit"] is not None for row in rows)
+    over, missed, held = (sum(row["verdict"] == verdict for row in rows) for verdict in ("OVER", "missed", "ok"))
     if rows:
         print_table(report)
     if options.out:
@@ -100,8 +105,8 @@ def main():
         options.out.write_text(json.dumps(report, indent=2) + "\n", encoding="utf-8")
     for part in failed:
         print(f"{part}: could not be measured", file=sys.stderr)
-    print(f"{limited - over} of {limited} limits held")
-    return 0 if over == 0 and limited > 0 and not failed else 1
+    print(f"{held} limits held, {missed} missed as known, {over} broken")
+    return 0 if over == 0 and held > 0 and not failed else 1
 
 
 if __name__ == "__main__":

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <any>
 #include <compare>
 #include <cstddef>
@@ -88,6 +89,27 @@ class EncodableValue : public EncodableVariant {
   // number that isn't one (NaN) has its place beside the numbers, so that any value can be a key.
   friend std::weak_ordering operator<=>(const EncodableValue& left, const EncodableValue& right);
   friend bool operator==(const EncodableValue& left, const EncodableValue& right) { return std::is_eq(left <=> right); }
+  // The same order, and fast for texts, which are the keys of nearly all maps.
+  friend bool operator<(const EncodableValue& left, const EncodableValue& right) {
+    const auto* const leftText = std::get_if<std::string>(&left);
+    const auto* const rightText = std::get_if<std::string>(&right);
+    return leftText != nullptr && rightText != nullptr ? comesBefore(*leftText, *rightText)
+                                                       : std::is_lt(left <=> right);
+  }
+
+ private:
+  // A key has often just been put together when it is compared, and what was written in small pieces
+  // is slow to be read in large ones. So the first bytes, which decide as a rule, are read one by one.
+  static bool comesBefore(const std::string& left, const std::string& right) {
+    constexpr std::size_t readSingly = 16;
+    const std::size_t count = std::min({left.size(), right.size(), readSingly});
+    for (std::size_t index = 0; index < count; ++index) {
+      if (left[index] != right[index]) {
+        return static_cast<unsigned char>(left[index]) < static_cast<unsigned char>(right[index]);
+      }
+    }
+    return left < right;
+  }
 };
 
 }  // namespace orvane

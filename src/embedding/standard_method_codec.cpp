@@ -5,6 +5,7 @@
 #include "embedding/byte_buffer_stream_reader.h"
 #include "embedding/byte_buffer_stream_writer.h"
 #include "embedding/error_stream.h"
+#include "embedding/standard_codec_writing.h"
 
 namespace orvane {
 namespace {
@@ -12,13 +13,23 @@ namespace {
 constexpr std::uint8_t successByte = 0;
 constexpr std::uint8_t errorByte = 1;
 
-// Most messages fit, and larger ones grow from here in few steps.
-constexpr std::size_t initialCapacityBytes = 256;
-
-std::unique_ptr<std::vector<std::uint8_t>> makeMessage() {
-  auto message = std::make_unique<std::vector<std::uint8_t>>();
-  message->reserve(initialCapacityBytes);
-  return message;
+// `writeContent` writes the message to any target, and the same each time that it is called.
+template <typename Content>
+std::unique_ptr<std::vector<std::uint8_t>> writeMessage(const StandardCodecSerializer& serializer,
+                                                        const Content& writeContent) {
+  if (serializer.isExtended()) {
+    auto message = std::make_unique<std::vector<std::uint8_t>>();
+    ByteBufferStreamWriter stream(*message);
+    writeContent(ExtendedTarget(serializer, stream));
+    return message;
+  }
+  MessageWriter writer([&writeContent] {
+    ByteCounter counter;
+    writeContent(PlainTarget(counter));
+    return counter.count();
+  });
+  writeContent(PlainTarget(writer));
+  return writer.finish();
 }
 
 const EncodableValue& valueOrNull(const EncodableValue* value) {
@@ -42,7 +53,7 @@ std::unique_ptr<MethodCall> StandardMethodCodec::DecodeMethodCallInternal(const 
     logErrorLine("Invalid method call; method name is not a string.");
     return nullptr;
   }
-  auto arguments = std::make_unique<EncodableValue>(serializer_.ReadValue(stream));
+  std::unique_ptr<EncodableValue> arguments(new EncodableValue(serializer_.ReadValue(stream)));  // made in its place
   if (stream.limits().exceeded()) {
     return nullptr;
   }
@@ -50,31 +61,32 @@ std::unique_ptr<MethodCall> StandardMethodCodec::DecodeMethodCallInternal(const 
 }
 
 std::unique_ptr<std::vector<std::uint8_t>> StandardMethodCodec::EncodeMethodCallInternal(const MethodCall& call) const {
-  auto message = makeMessage();
-  ByteBufferStreamWriter stream(*message);
-  serializer_.WriteValue(call.method_name(), stream);
-  serializer_.WriteValue(valueOrNull(call.arguments()), stream);
-  return message;
+  return writeMessage(serializer_, [&call](const auto& target) {
+    target.writeText(call.method_name());
+    target.writeElement(valueOrNull(call.arguments()));
+  });
 }
 
 std::unique_ptr<std::vector<std::uint8_t>> StandardMethodCodec::EncodeSuccessEnvelopeInternal(
     const EncodableValue* result) const {
-  auto message = makeMessage();
-  ByteBufferStreamWriter stream(*message);
-  stream.WriteByte(successByte);
-  serializer_.WriteValue(valueOrNull(result), stream);
-  return message;
+  return writeMessage(serializer_, [result](const auto& target) {
+    target.stream().WriteByte(successByte);
+    target.writeElement(valueOrNull(result));
+  });
 }
 
 std::unique_ptr<std::vector<std::uint8_t>> StandardMethodCodec::EncodeErrorEnvelopeInternal(
     const std::string& code, const std::string& message, const EncodableValue* details) const {
-  auto envelope = makeMessage();
-  ByteBufferStreamWriter stream(*envelope);
-  stream.WriteByte(errorByte);
-  serializer_.WriteValue(code, stream);
-  serializer_.WriteValue(message.empty() ? EncodableValue() : EncodableValue(message), stream);
-  serializer_.WriteValue(valueOrNull(details), stream);
-  return envelope;
+  return writeMessage(serializer_, [&](const auto& target) {
+    target.stream().WriteByte(errorByte);
+    target.writeText(code);
+    if (message.empty()) {
+      target.writeElement(EncodableValue());
+    } else {
+      target.writeText(message);
+    }
+    target.writeElement(valueOrNull(details));
+  });
 }
 
 bool StandardMethodCodec::DecodeAndProcessResponseEnvelopeInternal(const std::uint8_t* bytes, std::size_t size,
@@ -90,7 +102,7 @@ bool StandardMethodCodec::DecodeAndProcessResponseEnvelopeInternal(const std::ui
   }
 }
 
-bool StandardMethodCodec::processSuccess(ByteStreamReader& stream, MethodResult& result) const {
+bool StandardMethodCodec::processSuccess(ByteBufferStreamReader& stream, MethodResult& result) const {
   const EncodableValue value = serializer_.ReadValue(stream);
   if (stream.limits().exceeded()) {
     return false;
@@ -103,7 +115,7 @@ bool StandardMethodCodec::processSuccess(ByteStreamReader& stream, MethodResult&
   return true;
 }
 
-bool StandardMethodCodec::processError(ByteStreamReader& stream, MethodResult& result) const {
+bool StandardMethodCodec::processError(ByteBufferStreamReader& stream, MethodResult& result) const {
   const EncodableValue code = serializer_.ReadValue(stream);
   const EncodableValue message = serializer_.ReadValue(stream);
   const EncodableValue details = serializer_.ReadValue(stream);

@@ -26,8 +26,8 @@ class StandardMethodCodec final : public MethodCodec {
                                                 MethodResult& result) const override;
 
  private:
-  bool processSuccess(ByteStreamReader& stream, MethodResult& result) const;
-  bool processError(ByteStreamReader& stream, MethodResult& result) const;
+  bool processSuccess(ByteBufferStreamReader& stream, MethodResult& result) const;
+  bool processError(ByteBufferStreamReader& stream, MethodResult& result) const;
 
   const StandardCodecSerializer& serializer_;
 };
