@@ -6,9 +6,11 @@ A find is kept below the build's finds/ and its replay is printed. The last line
 """
 import argparse
 import concurrent.futures
+import os
 import re
 import subprocess
 import sys
+import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -55,6 +57,16 @@ def last_number(pattern, log, group=1):
     return int(found[-1].group(group)) if found else 0
 
 
+def run_and_measure(command, log_file):
+    """Exit status (negative: a signal), seconds on the clock and on the processor."""
+    began = time.monotonic()
+    with open(log_file, "wb") as log:
+        process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=log)
+        _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    return process.returncode, time.monotonic() - began, usage.ru_utime + usage.ru_stime
+
+
 def fuzz(target, folder, seconds):
     """The target's line, and whether it is clean."""
     program = folder / "bin" / f"orvane_fuzz_{target}"
@@ -63,16 +75,16 @@ def fuzz(target, folder, seconds):
         path.mkdir(parents=True, exist_ok=True)
     command = [str(program), *options_of(target), f"-max_total_time={seconds}", "-print_final_stats=1",
                f"-artifact_prefix={finds}/", str(grown), str(CORPUS / target)]
-    run = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
-    log = run.stderr.decode(errors="replace")
-    (folder / "finds" / f"{target}.log").write_text(log, encoding="utf-8")
+    log_file = folder / "finds" / f"{target}.log"
+    status, wall_seconds, cpu_seconds = run_and_measure(command, log_file)
+    log = log_file.read_text(encoding="utf-8", errors="replace")
     line = (f"{target:16} {last_number(EXECUTIONS, log):9} runs  {last_number(STATUS, log):6} edges  "
-            f"{last_number(STATUS, log, 2):6} features")
-    if run.returncode == 0:
+            f"{last_number(STATUS, log, 2):6} features  {wall_seconds:6.0f} s  {cpu_seconds:6.0f} s of processor")
+    if status == 0:
         return f"{line}  clean", True
     kept = re.search(r"Test unit written to (\S+)", log)
     if not kept:
-        return f"{line}  STOPPED with status {run.returncode}\n{log[-SHOWN_CHARACTERS:]}", False
+        return f"{line}  STOPPED with status {status}\n{log[-SHOWN_CHARACTERS:]}", False
     causes = "".join(f"\n    {cause}" for cause in CAUSE.findall(log)[:4])
     return f"{line}  FIND{causes}\n    replay: {program} {kept.group(1)}", False
 
@@ -83,11 +95,13 @@ def main():
     parser.add_argument("--seconds", type=int, default=10, help="how long each looks (default: 10)")
     parser.add_argument("--jobs", type=int, default=1, help="targets that run at a time (default: 1)")
     parser.add_argument("--build", type=Path, default=ROOT / "build/fuzz", help="another build folder of the preset")
+    parser.add_argument("--as-built", action="store_true", help="run what is in the build folder, without building")
     arguments = parser.parse_args()
     unknown = set(arguments.targets) - set(TARGETS)
     if unknown or arguments.seconds < 1 or arguments.jobs < 1:
         parser.error(f"no target: {', '.join(sorted(unknown))}" if unknown else "--seconds and --jobs begin at 1")
-    build(arguments.build.resolve())
+    if not arguments.as_built:
+        build(arguments.build.resolve())
     clean = []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         runs = [pool.submit(fuzz, target, arguments.build.resolve(), arguments.seconds)
