@@ -29,6 +29,7 @@ setUpPackages() {
     echo "Installing ${missing[*]} …" >&2
     log=$(mktemp)
     local install=("${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -qq -y --no-install-recommends
+        -o Dpkg::Options::=--force-unsafe-io
         "${missing[@]}")
     if ! "${install[@]}" >"$log" 2>&1 </dev/null; then
         # Package lists that are missing or old.
