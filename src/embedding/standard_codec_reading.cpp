@@ -1,5 +1,6 @@
 #include <array>
 #include <bit>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>

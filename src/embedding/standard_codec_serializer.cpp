@@ -2,8 +2,6 @@
 
 #include <typeinfo>
 
-#include "embedding/standard_codec_writing.h"
-
 namespace orvane {
 
 const StandardCodecSerializer& StandardCodecSerializer::instance() {
@@ -12,9 +10,5 @@ const StandardCodecSerializer& StandardCodecSerializer::instance() {
 }
 
 bool StandardCodecSerializer::isExtended() const noexcept { return typeid(*this) != typeid(StandardCodecSerializer); }
-
-void StandardCodecSerializer::WriteValue(const EncodableValue& value, ByteStreamWriter& stream) const {
-  writeValue(value, ExtendedTarget(*this, stream));
-}
 
 }  // namespace orvane
