@@ -55,6 +55,8 @@ if(TARGET orvane_simulation)
   foreach(library IN ITEMS orvane_embedding orvane_host)
     if(TARGET ${library})
       set_property(TARGET ${library} APPEND PROPERTY INTERFACE_LINK_LIBRARIES "$<LINK_ONLY:orvane_simulation>")
+      # What one pulls out of the other may ask for more of the one.
+      set_target_properties(${library} PROPERTIES LINK_INTERFACE_MULTIPLICITY 3)
     endif()
   endforeach()
 endif()
