@@ -141,6 +141,11 @@ Action readCloseWindow(const Node& node, References& references) {
   return action::CloseWindow{node.utf8()};
 }
 
+Action readMinimize(const Node& node, References& references) {
+  references.mention(References::Kind::window, node);
+  return action::MinimizeWindow{node.utf8()};
+}
+
 Action readClipboardAction(const Node& node, References& references) {
   const bool namesOnlyTheLock = node.has("lockedBy") && node.json().size() == 1;
   return action::SetClipboard{readClipboard(node, references), namesOnlyTheLock};
@@ -158,7 +163,7 @@ struct ActionKey {
   Action (*read)(const Node& node, References& references);
 };
 
-constexpr std::array<ActionKey, 14> actionKeys{{
+constexpr std::array<ActionKey, 15> actionKeys{{
     {"set", [](const Node& node, References& references) -> Action { return readSetFacts(node, references); }},
     {"add", readAdd},
     {"remove", readRemove},
@@ -171,6 +176,7 @@ constexpr std::array<ActionKey, 14> actionKeys{{
     {"focus", readFocus},
     {"foreground", readForeground},
     {"closeWindow", readCloseWindow},
+    {"minimize", readMinimize},
     {"clipboard", readClipboardAction},
     {"copyValue", readCopyValue},
 }};
@@ -199,7 +205,9 @@ std::vector<Action> readActions(const Node& node, References& references) {
 
 bool needsWindow(const Action& action) {
   return !std::holds_alternative<action::MoveForeground>(action) &&
-         !std::holds_alternative<action::CloseWindow>(action) && !std::holds_alternative<action::SetClipboard>(action);
+         !std::holds_alternative<action::CloseWindow>(action) &&
+         !std::holds_alternative<action::MinimizeWindow>(action) &&
+         !std::holds_alternative<action::SetClipboard>(action);
 }
 
 }  // namespace orvane::simulation

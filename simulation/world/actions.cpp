@@ -70,6 +70,10 @@ class ActionPerformer {
     if (Window* window = desktop_.windowById(act.window)) desktop_.closeByPerson(*window);
   }
 
+  void operator()(const action::MinimizeWindow& act) const {
+    if (Window* window = desktop_.windowById(act.window)) desktop_.minimizeByPerson(*window);
+  }
+
   void operator()(const action::SetClipboard& act) const {
     if (act.keepsForms) {
       desktop_.clipboard.content.lockedBy = act.content.lockedBy;

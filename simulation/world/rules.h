@@ -83,6 +83,9 @@ struct MoveForeground {
 struct CloseWindow {
   std::string window;
 };
+struct MinimizeWindow {
+  std::string window;
+};
 struct SetClipboard {
   ClipboardContent content;
   bool keepsForms = false;  // only who holds it open changes: no form, no sequence number
@@ -94,10 +97,10 @@ struct CopyValue {
 };
 }  // namespace action
 
-using Action =
-    std::variant<action::SetFacts, action::AddElement, action::RemoveElement, action::SetAddress, action::SetTitle,
-                 action::SetWindowTitle, action::SelectTab, action::OpenTab, action::CloseTab, action::MoveFocus,
-                 action::MoveForeground, action::CloseWindow, action::SetClipboard, action::CopyValue>;
+using Action = std::variant<action::SetFacts, action::AddElement, action::RemoveElement, action::SetAddress,
+                            action::SetTitle, action::SetWindowTitle, action::SelectTab, action::OpenTab,
+                            action::CloseTab, action::MoveFocus, action::MoveForeground, action::CloseWindow,
+                            action::MinimizeWindow, action::SetClipboard, action::CopyValue>;
 
 struct Rule {
   Trigger on;

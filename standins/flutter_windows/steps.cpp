@@ -27,6 +27,7 @@ std::optional<std::string> firstWindowNamed(const std::vector<simulation::Action
       return foreground->window;
     }
     if (const auto* closing = std::get_if<action::CloseWindow>(&each)) return closing->window;
+    if (const auto* minimizing = std::get_if<action::MinimizeWindow>(&each)) return minimizing->window;
     if (const auto* clipboard = std::get_if<action::SetClipboard>(&each); clipboard && clipboard->content.lockedBy) {
       return clipboard->content.lockedBy;
     }

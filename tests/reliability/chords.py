@@ -201,7 +201,7 @@ def breaches(run):
 def _moves_foreground(node, besides):
     """Whether a rule of the scenario takes the foreground away, besides those of a person at these times."""
     if isinstance(node, dict):
-        moves = any(isinstance(action, dict) and action.keys() & {"foreground", "closeWindow"}
+        moves = any(isinstance(action, dict) and action.keys() & {"foreground", "closeWindow", "minimize"}
                     for action in node.get("do", ()))
         if moves and node.get("on", {}).get("time") not in besides:
             return True

@@ -61,6 +61,7 @@ def actions_on(window):
     others = [tab for tab in tabs if tab is not selected]
     found = {
         "closeWindow": [{"closeWindow": window["id"]}],
+        "minimize": [{"minimize": window["id"]}],
         "openTab": [{"openTab": {"title": "New Tab", "address": "chrome://newtab/", "selected": True}}],
         "openTabBehind": [{"openTab": {"title": "News", "address": "https://news.example/"}}],
         "focusNowhere": [{"focus": None}],
@@ -103,7 +104,7 @@ def every_action(scenario):
 def kind_of(name, where):
     """What it is to whoever judges: that the foreground may have moved, or a clipboard changed."""
     plain = name.removeprefix(where + ".") if where != BYSTANDER else name
-    if plain.startswith(("foreground", "closeWindow", "clipboard")):
+    if plain.startswith(("foreground", "closeWindow", "minimize", "clipboard")):
         return "clipboard" if plain.startswith("clipboard") else "foreground"
     return "foreground" if name.endswith(".foreground") else "tab"
 

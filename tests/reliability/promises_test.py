@@ -400,6 +400,7 @@ class MeddlingTest(unittest.TestCase):
         self.assertEqual(kinds["foreground"], "foreground")
         self.assertEqual(kinds["chat.foreground"], "foreground")
         self.assertEqual(kinds["chat.closeWindow"], "foreground")
+        self.assertEqual(kinds["chat.minimize"], "foreground")
         self.assertEqual(kinds["clipboardLocked"], "clipboard")
         self.assertEqual(kinds["chat.type:composer"], "tab")
 

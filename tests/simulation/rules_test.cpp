@@ -214,6 +214,13 @@ TEST_F(RulesTest, Actions_ReachTheDesktop) {
   EXPECT_EQ(desktop.windowById("w"), nullptr);
 }
 
+TEST_F(RulesTest, MinimizeAction_TakesTheWindowFromTheFront) {
+  buildTab(R"([{"on":{"key":"Enter"},"do":[{"minimize":"w"}]}])");
+  press(enter);
+  EXPECT_TRUE(window("w").minimized);
+  EXPECT_EQ(desktop.foreground(), &window("other"));
+}
+
 TEST_F(RulesTest, ClipboardAction_KeepsTheForms_WhenItNamesOnlyTheLock) {
   buildTab(R"([{"on":{"key":"Enter"},"do":[{"clipboard":{"lockedBy":"other"}}]}])");
   press(enter);
