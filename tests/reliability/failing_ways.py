@@ -131,7 +131,9 @@ _MENUS_AND_PAINTING = {
     **_all("CreateFontW CreateSolidBrush GetStockObject GetDC BeginPaint", Call((None,))),
     "SelectObject": Call((None,), releases=("gdiObjects",)),
     "DeleteObject": Call((FALSE,), releases=("gdiObjects",)),
-    "ReleaseDC": Call((FALSE,), releases=("gdiObjects",)),
+    # A context that stays keeps what couldn't be selected out of it either.
+    "ReleaseDC": Call((FALSE,), releases=("gdiObjects",),
+                      stops=("DeleteObject: the object is selected into a device context",)),
     **_all("DrawTextW FillRect SetBkMode GetTextExtentPoint32W GetTextMetricsW", Call((NOTHING,))),
     "SetTextColor": Call((INVALID_COLOUR,)),
 }

@@ -20,7 +20,7 @@ from pathlib import Path
 import harness
 from failing_ways import CALLS, unknown_calls
 from harness import Variant
-from promises import Run, broken_promises
+from promises import Run, broken_promises, has_model_ended, has_script_ended
 from runs import BrokenSimulator, load_scenario, run_all, with_faults
 
 # With a budget: so many scenarios take part that each can have about this many faults.
@@ -164,9 +164,12 @@ def show(simulator, scenario, variant, faults, meddling):
         file.write_text(json.dumps(variant), encoding="utf-8")
         subprocess.run([str(simulator), str(file)], check=False)
     baseline, outcome = run_all(simulator, [scenario, variant])
-    broken = broken_promises(Run(variant if meddling else scenario, outcome.report, outcome.failure, faults, meddling,
-                                 baseline.report))
+    run = Run(variant if meddling else scenario, outcome.report, outcome.failure, faults, meddling, baseline.report)
     print()
+    if has_script_ended(run) or has_model_ended(run):
+        print("no word about the host: its script or its model couldn't go on")
+        return 0
+    broken = broken_promises(run)
     for breach in broken:
         print(f"BROKEN {breach.promise}: {breach.detail}")
     print(f"{len(broken)} broken promises")
