@@ -32,7 +32,6 @@ foreach(bound IN ITEMS child_runs painted_report person_printer report run_recor
 endforeach()
 orvane_static_library(orvane_world ${world_sources})
 target_link_libraries(orvane_world PUBLIC orvane_windows)
-orvane_join_sources(orvane_world)
 set_source_files_properties("${ORVANE_SIMULATION_DIR}/world/clock.cpp" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 target_include_directories(orvane_world PUBLIC "${ORVANE_SIMULATION_DIR}" "${ORVANE_SOURCE_DIR}" "${ORVANE_STANDINS_DIR}")
 target_include_directories(orvane_world SYSTEM PUBLIC "${headers}")
@@ -90,3 +89,5 @@ foreach(server IN ITEMS automation spelling)
 endforeach()
 
 add_subdirectory(tests/e2e)
+
+orvane_join_sources(orvane_world orvane_standins_common browser session flutter_windows orvane_automation orvane_spelling)

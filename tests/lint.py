@@ -3,7 +3,9 @@
 that was clean is looked at again only when it, what it includes, its command, the checks or the
 tool have changed.
 
-lint.py BUILD_FOLDER [JOBS]   (a folder that Ninja has built; what was clean is noted in it)
+lint.py [--quick] BUILD_FOLDER [JOBS]   (a folder that Ninja has built; what was clean is noted in it)
+
+--quick leaves out clang's analyzer, which takes as long as all the rest.
 """
 import concurrent.futures
 import hashlib
@@ -83,10 +85,11 @@ def cppcheck_command(entry):
     return [*CPPCHECK, *[word for word in words_of(entry) if word.startswith(("-I", "-D"))], entry["file"]]
 
 
-def tools_for(build, compiler):
+def tools_for(build, compiler, is_quick):
+    tidy = ["clang-tidy", "--quiet", *(["--checks=-clang-analyzer-*"] if is_quick else [])]
     return [
-        Tool("clang-tidy", version_of("clang-tidy") + TIDY_CHECKS.read_text(),
-             lambda entry: ["clang-tidy", "--quiet", "-p", str(build), entry["file"]]),
+        Tool("clang-tidy", version_of("clang-tidy") + TIDY_CHECKS.read_text() + " ".join(tidy),
+             lambda entry: [*tidy, "-p", str(build), entry["file"]]),
         Tool("cppcheck", version_of("cppcheck") + CPPCHECK_SUPPRESSIONS.read_text() + " ".join(CPPCHECK),
              cppcheck_command),
         Tool("analyzer", version_of(compiler) + " ".join(ANALYZER), analyzer_command),
@@ -120,10 +123,12 @@ def report_progress(done, count, since):
 
 
 def main():
-    if len(sys.argv) not in (2, 3):
+    words = [word for word in sys.argv[1:] if word != "--quick"]
+    if len(words) not in (1, 2):
         sys.exit(__doc__.strip())
-    build = Path(sys.argv[1]).resolve()
-    jobs = int(sys.argv[2]) if len(sys.argv) == 3 else os.cpu_count() or 1
+    is_quick = len(words) < len(sys.argv) - 1
+    build = Path(words[0]).resolve()
+    jobs = int(words[1]) if len(words) == 2 else os.cpu_count() or 1
     entries = json.loads((build / "compile_commands.json").read_text())
     entries = [entry for entry in entries if Path(entry["file"]).is_relative_to(ROOT / "src")]
     if not entries:
@@ -131,7 +136,7 @@ def main():
     clean = build / "lint"
     clean.mkdir(exist_ok=True)
     dependencies = read_dependencies(build)
-    looks = [(tool, entry) for tool in tools_for(build, words_of(entries[0])[0]) for entry in entries]
+    looks = [(tool, entry) for tool in tools_for(build, words_of(entries[0])[0], is_quick) for entry in entries]
     marks = [clean / fingerprint(build, tool, entry, dependencies) for tool, entry in looks]
     waiting = [number for number, mark in enumerate(marks) if not mark.exists()]
 

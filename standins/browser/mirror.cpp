@@ -15,7 +15,7 @@ using simulation::Rectangle;
 using simulation::Window;
 
 constexpr UINT longestTurnMs = 200;
-constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+constexpr UINT upOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
 template <typename Item>
 bool contains(const std::vector<Item>& items, const Window* window) {
@@ -199,7 +199,7 @@ void Mirror::pushForeground() {
     leaveNoForeground();
   } else if (const HWND handle = handleOf(*window)) {
     // Another process may be waiting for this one: its windows move when it comes to it.
-    ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0, inPlace | (world_.owns(*window) ? 0 : SWP_ASYNCWINDOWPOS));
+    ::SetWindowPos(handle, HWND_TOP, 0, 0, 0, 0, upOnly | (world_.owns(*window) ? 0 : SWP_ASYNCWINDOWPOS));
     ::SetForegroundWindow(handle);
     if (!world_.owns(*window) && !window->ofHost) awaitTurnOf(handle);
   }

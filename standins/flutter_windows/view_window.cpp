@@ -8,7 +8,7 @@
 namespace orvane::standins {
 namespace {
 
-constexpr const wchar_t* className = L"FLUTTERVIEW";
+constexpr const wchar_t* viewClassName = L"FLUTTERVIEW";
 constexpr COLORREF paperColour = RGB(250, 250, 248);
 constexpr COLORREF inkColour = RGB(40, 40, 44);
 constexpr int marginPixels = 16;
@@ -71,9 +71,9 @@ HWND makeViewWindow(int width, int height) {
   description.hInstance = ::GetModuleHandleW(nullptr);
   description.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
   description.style = CS_HREDRAW | CS_VREDRAW;
-  description.lpszClassName = className;
+  description.lpszClassName = viewClassName;
   ::RegisterClassW(&description);  // fails harmlessly for a second view
-  const HWND window = ::CreateWindowExW(0, className, L"", WS_CHILD | WS_VISIBLE, 0, 0, width, height, HWND_MESSAGE,
+  const HWND window = ::CreateWindowExW(0, viewClassName, L"", WS_CHILD | WS_VISIBLE, 0, 0, width, height, HWND_MESSAGE,
                                         nullptr, description.hInstance, nullptr);
   if (window == nullptr) endRun("FlutterDesktopViewControllerCreate", "no window for the view");
   return window;
