@@ -42,6 +42,7 @@ class MessageWriter {
  public:
   // `countBytes` gives the size of the whole message.
   explicit MessageWriter(std::function<std::size_t()> countBytes) : countBytes_(std::move(countBytes)) {}
+  ~MessageWriter() = default;
 
   MessageWriter(const MessageWriter&) = delete;
   MessageWriter& operator=(const MessageWriter&) = delete;
@@ -96,7 +97,7 @@ class MessageWriter {
   std::function<std::size_t()> countBytes_;
   std::unique_ptr<std::vector<std::uint8_t>> message_;  // null until something doesn't fit
   std::size_t flushed_ = 0;
-  std::array<std::uint8_t, 16 * 1024> buffer_;
+  std::array<std::uint8_t, std::size_t{16} * 1024> buffer_;
   std::uint8_t* next_ = buffer_.data();
 };
 
