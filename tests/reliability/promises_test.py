@@ -166,6 +166,12 @@ class PromisesTest(unittest.TestCase):
         self.assertBreaks(promise, activation_run([("Result", "Activation failed", 1), CLAUDE_REFUSED[-1]]))
         self.assertBreaks(promise, activation_run(CLAUDE_REFUSED, success=True, selected=1))
 
+    def test_LastStep_IsAskedFor_OnTheBrowsersChannelAlone(self):
+        run = self.changed(grok_run([], (), False, "No window"), lambda r: r["replies"][0]["value"].pop("message"))
+        self.assertNotEqual(broken_promises(run), [])
+        run.scenario["steps"][0]["call"]["channel"] = "orvane/window"
+        self.assertHolds(run)
+
     def test_Send_IsBroken_WhenThereAreTwo(self):
         promise = "one send, and none after it"
         two = delivery_steps(ENTER_SENT, ENTER_SENT, *ENDED_WELL)

@@ -1,5 +1,11 @@
 """Traces as the reports show them, and what the end of each must say."""
+import sys
+from pathlib import Path
 from typing import NamedTuple
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent))
+
+from determinism import BROWSER_CHANNEL, channels_of
 
 ACTIVATE = "activateProvider"
 DELIVER = "pasteAndSubmit"
@@ -55,9 +61,9 @@ def step_named(steps, name):
 
 
 def replies_of(run, method):
-    """Replies of one method that carry a verdict."""
-    return [reply for reply in run.report["replies"]
-            if reply["method"] == method and reply["kind"] == "success" and isinstance(reply["value"], dict)
+    """Replies of one method of the browser channel that carry a verdict."""
+    return [reply for channel, reply in zip(channels_of(run.scenario), run.report["replies"])
+            if channel == BROWSER_CHANNEL and reply["method"] == method and reply["kind"] == "success" and isinstance(reply["value"], dict)
             and "success" in reply["value"]]
 
 
