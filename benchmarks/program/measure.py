@@ -134,7 +134,8 @@ def measure_file(program, work):
 
 
 def sizes_by_origin(file):
-    """What stands in the file, by the folder or library that it came from."""
+    """What stands in the file, by the folder or library that it came from. A template counts for the folder that
+    uses it first."""
     text = file.read_text(encoding="utf-8", errors="replace")
     kept = text[text.index("Linker script and memory map"):]
     sizes = {}
