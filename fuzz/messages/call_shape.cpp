@@ -1,43 +1,19 @@
 #include "messages/call_shape.h"
 
-#include <set>
+#include <algorithm>
+#include <span>
+#include <string_view>
 
 #include "embedding/recorded_result.h"
 #include "embedding/standard_method_codec.h"
+#include "messages/methods.h"
 #include "support/find.h"
 
 namespace orvane::fuzzing {
 namespace {
 
-const std::set<std::string>& methodsOf(const std::string& channel) {
-  static const std::set<std::string> browser{"openExternalUrl",    "activateOrvaneWindow",     "foregroundWindowHandle",
-                                             "focusProviderInput", "getProviderResponseState", "pasteAndSubmit",
-                                             "activateProvider"};
-  static const std::set<std::string> window{"readOrvaneDraftClipboard",
-                                            "writeOrvaneDraftClipboard",
-                                            "activateContentProcess",
-                                            "checkSpelling",
-                                            "restoreCleanBackground",
-                                            "syncCleanBackground",
-                                            "getWorkArea",
-                                            "getBounds",
-                                            "clipboardSequenceNumber",
-                                            "readClipboardImage",
-                                            "openScreenCapture",
-                                            "openTaskManager",
-                                            "openCommandPromptAt",
-                                            "openCommandWindow",
-                                            "runBatchFile",
-                                            "openTextFile",
-                                            "sendWindowsHotKey",
-                                            "sendNewLineToPreviousWindow",
-                                            "showNativeHotKeysMenu",
-                                            "minimizeWindow",
-                                            "closeWindow",
-                                            "beginWindowDrag",
-                                            "setBounds",
-                                            "emergencyRestore"};
-  return channel == "orvane/browser" ? browser : window;
+std::span<const char* const> methodsOf(const std::string& channel) {
+  return channel == "orvane/browser" ? browserChannel : windowChannel;
 }
 
 template <typename Value>
@@ -61,7 +37,9 @@ CallShape readCall(const std::string& channel, const Bytes& message) {
     return shape;
   }
   shape.method = call->method_name();
-  shape.isKnown = methodsOf(channel).contains(shape.method);
+  const std::span<const char* const> known = methodsOf(channel);
+  shape.isKnown =
+      std::any_of(known.begin(), known.end(), [&](std::string_view method) { return method == shape.method; });
   if (const auto* map = std::get_if<EncodableMap>(call->arguments())) {
     shape.arguments = *map;
   }

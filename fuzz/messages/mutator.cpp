@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "embedding/standard_method_codec.h"
+#include "messages/methods.h"
 #include "messages/records.h"
 
 // The fuzzer's own change of bytes. In a program without a fuzzer, where nothing calls the mutator, it
@@ -18,39 +19,6 @@ extern "C" __attribute__((weak)) std::size_t LLVMFuzzerMutate(std::uint8_t* data
 
 namespace orvane::fuzzing {
 namespace {
-
-constexpr std::array<const char*, 31> methods{"openExternalUrl",
-                                              "activateOrvaneWindow",
-                                              "foregroundWindowHandle",
-                                              "focusProviderInput",
-                                              "getProviderResponseState",
-                                              "pasteAndSubmit",
-                                              "activateProvider",
-                                              "readOrvaneDraftClipboard",
-                                              "writeOrvaneDraftClipboard",
-                                              "activateContentProcess",
-                                              "checkSpelling",
-                                              "restoreCleanBackground",
-                                              "syncCleanBackground",
-                                              "getWorkArea",
-                                              "getBounds",
-                                              "clipboardSequenceNumber",
-                                              "readClipboardImage",
-                                              "openScreenCapture",
-                                              "openTaskManager",
-                                              "openCommandPromptAt",
-                                              "openCommandWindow",
-                                              "runBatchFile",
-                                              "openTextFile",
-                                              "sendWindowsHotKey",
-                                              "sendNewLineToPreviousWindow",
-                                              "showNativeHotKeysMenu",
-                                              "minimizeWindow",
-                                              "closeWindow",
-                                              "beginWindowDrag",
-                                              "setBounds",
-                                              "emergencyRestore"};
-constexpr std::size_t browserMethods = 7;  // the first of them
 
 constexpr std::array<const char*, 39> keys{"name",
                                            "domain",
