@@ -43,10 +43,10 @@ Json describeDesktop(const Desktop& desktop) {
 int main(const std::vector<std::string>& arguments) {
   const Scenario scenario = readScenarioFile(arguments.at(0));
   Clock& clock = *new Clock;
-  Books& books = *new Books;
-  Desktop& desktop = *new Desktop(clock, books);
+  Books books;
+  Desktop desktop(clock, books);
   buildDesktop(desktop, scenario.desktop);
-  new Platform(desktop, nullptr, {});
+  const Platform platform(desktop, nullptr, {});
   if (scenario.desktop.foreground) desktop.moveForeground(desktop.windowById(*scenario.desktop.foreground));
   std::vector<std::wstring> ofTool;
   for (std::size_t i = 2; i < arguments.size(); ++i) ofTool.push_back(wideFromText(textFromUtf8(arguments[i])));
