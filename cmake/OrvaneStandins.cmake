@@ -21,8 +21,9 @@ file(CREATE_LINK "${ORVANE_JSON_INCLUDE}/nlohmann" "${headers}/nlohmann" SYMBOLI
 add_library(orvane_windows INTERFACE)
 target_link_libraries(orvane_windows INTERFACE orvane_options)
 target_compile_definitions(orvane_windows INTERFACE UNICODE _UNICODE NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00)
-# Without symbols: a run copies the browser under each name that it needs.
-target_link_options(orvane_windows INTERFACE -static -static-libgcc -static-libstdc++ -s)
+# Without symbols: a run copies the browser under each name that it needs. Laid out in the file as in
+# memory: Wine maps such files, others it reads whole into each process.
+target_link_options(orvane_windows INTERFACE -static -static-libgcc -static-libstdc++ -s LINKER:--file-alignment=0x1000)
 
 # The model of pages, and the reader of scenario files: what knows nothing of the simulated platform.
 orvane_sources(world_sources "${ORVANE_SIMULATION_DIR}/world/*.cpp" "${ORVANE_SIMULATION_DIR}/scenario/*.cpp")

@@ -281,6 +281,7 @@ def make_scenarios():
         "nothing": "", "null": "null", "list": "[]", "no-json": "{", "unknown-key": '{"colour":1}', "empty": "{}",
         "deep": '{"expect":' + "[" * 200 + "]" * 200 + "}", "zero": "{\"name\":\"\\u0000\"}", "no-utf-8": b'{"name":"\xff"}',
         "regex": '{"expect":{"name":"~^(a|b)*[c-e]{2}$"}}', "bad-regex": '{"expect":{"name":"~("}}',
+        "regex-number-too-great": '{"expect":{"name":"~a{' + "1" * 19 + '}"}}',
         "number-too-great": '{"name":1e999}', "key-with-a-line-end": '{"a\\nb":1}',
         "id-with-a-line-end": '{"desktop":{"foreground":"a\\nb"}}',
         "too-deep": '{"expect":{"name":' + "[" * 20000 + "]" * 20000 + "}}",

@@ -12,6 +12,8 @@
 namespace {
 
 constexpr DWORD longestStartMs = 30'000;
+// The end of a program takes the display and Wine's server some time more, which isn't the next one's start.
+constexpr DWORD settlingMs = 400;
 
 struct Process {
   explicit Process(const wchar_t* program) {
@@ -62,6 +64,7 @@ int wmain(int count, wchar_t** arguments) {
   const int rounds = static_cast<int>(std::wcstol(arguments[1], nullptr, 10));
   for (int round = 0; round < rounds; ++round) {
     for (int program = 2; program < count; ++program) {
+      ::Sleep(settlingMs);
       const std::int64_t microseconds = timeStart(arguments[program]);
       if (microseconds < 0) {
         std::printf("%ls didn't reach its message loop\n", arguments[program]);

@@ -72,13 +72,18 @@ void Browser::open() {
 
 void Browser::run() {
   while (true) {
-    ::MsgWaitForMultipleObjectsEx(0, nullptr, tickMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    // Not behind each question: whoever reads a page waits for the answer to the next one.
+    auto sinceTickMs = static_cast<DWORD>(::GetTickCount64() - lastTick_);
+    if (sinceTickMs >= tickMs) {
+      tick();
+      sinceTickMs = 0;
+    }
+    ::MsgWaitForMultipleObjectsEx(0, nullptr, tickMs - sinceTickMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     MSG message{};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
       if (message.message == WM_QUIT) return;
       ::DispatchMessageW(&message);
     }
-    tick();
   }
 }
 
@@ -108,6 +113,7 @@ void Browser::turn(bool whole, const Act& act) {
 }
 
 void Browser::tick() {
+  lastTick_ = ::GetTickCount64();
   turn(false, [] {});
   if (::GetTickCount64() - lastLookTick_ >= betweenLooksMs) repaint();
 }

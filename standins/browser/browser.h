@@ -53,6 +53,7 @@ class Browser {
   std::map<HWND, std::vector<Box>> pictures_;
   int depth_ = 0;
   bool isAnotherPushDue_ = false;
+  ULONGLONG lastTick_ = 0;
   ULONGLONG lastLookTick_ = 0;
 };
 

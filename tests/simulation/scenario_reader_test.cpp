@@ -116,11 +116,18 @@ constexpr BadFile badFiles[] = {
     {"ReplyNameWithAPoint", R"({"steps":[{"bytes":"","channel":"c","as":"a.b"}]})",
      "steps[0].as: must not have a point"},
     {"BadPattern", R"({"expect":{"name":"~("}})", "expect.name: is no regular expression"},
+    {"RepetitionsTooMany", R"({"expect":{"name":"~a{1,1111111111}"}})", "expect.name: is no regular expression"},
+    {"GroupNumberTooGreat", R"({"expect":{"name":"~(a)\\1111111111"}})", "expect.name: is no regular expression"},
     {"ExpectationOfAList", R"({"expect":[]})", "expect: must be an object"},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, ScenarioErrors, ::testing::ValuesIn(badFiles),
                          [](const auto& row) { return row.param.name; });
+
+TEST(ScenarioReader, LongNumbersInAPattern_AreTextUnlessTheyCount) {
+  const Scenario scenario = readScenario(R"({"expect":{"name":"~^a{2},1111111111 \\\\1111111111\\{1111111111$"}})");
+  EXPECT_TRUE(scenario.expect);
+}
 
 TEST(ScenarioReader, EmptyScenario_HasTheDefaults) {
   const Scenario scenario = readScenario("{}");
