@@ -9,7 +9,8 @@ namespace orvane::standins {
 
 Json askAbout(const ElementPlace& place, Json question) {
   question["element"] = place.number;
-  const std::optional<Json> answer = askOwner(place.link, question);
+  const bool onlyReads = question.at("op") == "read";
+  const std::optional<Json> answer = onlyReads ? askFact(place.link, question) : askOwner(place.link, question);
   if (!answer) return {{"hresult", static_cast<std::uint32_t>(UIA_E_ELEMENTNOTAVAILABLE)}};
   return answer->contains("error") ? Json{{"hresult", static_cast<std::uint32_t>(E_FAIL)}} : *answer;
 }

@@ -67,7 +67,7 @@ Browser::~Browser() {
 
 void Browser::open() {
   frames_.open(world_, windowProcedure);
-  turn(true, [] {});
+  turn(Pull::whole, [] {});
 }
 
 void Browser::run() {
@@ -84,11 +84,12 @@ void Browser::run() {
       if (message.message == WM_QUIT) return;
       ::DispatchMessageW(&message);
     }
+    listenOnLink(frames_.link(), tickMs, [this](const Json& request) { return answer(request); });
   }
 }
 
 template <typename Act>
-void Browser::turn(bool whole, const Act& act) {
+void Browser::turn(Pull pull, const Act& act) {
   struct Depth {
     int& depth;
     explicit Depth(int& counted) : depth(counted) { ++depth; }
@@ -102,7 +103,10 @@ void Browser::turn(bool whole, const Act& act) {
     isAnotherPushDue_ = true;
     return;
   }
-  mirror_.pull(whole);
+  if (const ULONGLONG now = ::GetTickCount64(); pull != Pull::recent || now != lastPullTick_) {
+    lastPullTick_ = now;
+    mirror_.pull(pull == Pull::whole);
+  }
   world_.advance();
   mirror_.push();
   act();
@@ -114,7 +118,7 @@ void Browser::turn(bool whole, const Act& act) {
 
 void Browser::tick() {
   lastTick_ = ::GetTickCount64();
-  turn(false, [] {});
+  turn(Pull::foreground, [] {});
   if (::GetTickCount64() - lastLookTick_ >= betweenLooksMs) repaint();
 }
 
@@ -135,12 +139,15 @@ void Browser::repaint() {
 Json Browser::answer(const Json& request) {
   const std::string op = request.at("op").get<std::string>();
   Json given;
-  const bool onlyReads = op == "read" || op == "pattern" || op == "find" || op == "root" || op == "focused";
-  turn(!onlyReads, [&] {
-    given = answerAutomation(world_, request);
-    if (given.is_null()) given = answerWhole(op, request);
-    if (given.contains("element")) given["link"] = reinterpret_cast<std::uintptr_t>(frames_.link());
-  });
+  const bool onlyLooks = op == "pattern" || op == "find" || op == "root" || op == "focused";
+  turn(op == "read" ? Pull::recent
+       : onlyLooks  ? Pull::foreground
+                    : Pull::whole,
+       [&] {
+         given = answerAutomation(world_, request);
+         if (given.is_null()) given = answerWhole(op, request);
+         if (given.contains("element")) given["link"] = reinterpret_cast<std::uintptr_t>(frames_.link());
+       });
   return given;
 }
 
@@ -171,7 +178,7 @@ void Browser::start(const Json& request) {
 
 void Browser::key(int virtualKey, bool isUp) {
   std::vector<INPUT> behind;
-  turn(true, [&] {
+  turn(Pull::whole, [&] {
     syncModifiers();
     if (!isUp && isPaste(virtualKey)) mirror_.pullPasteText();
     world_.desktop().key(virtualKey, isUp, realKeys);
@@ -190,14 +197,14 @@ void Browser::syncModifiers() {
 }
 
 void Browser::close(Frame& frame) {
-  turn(true, [&] { world_.desktop().closeByPerson(*frame.window); });
+  turn(Pull::whole, [&] { world_.desktop().closeByPerson(*frame.window); });
 }
 
 // The platform here leaves it along the lower edge of the screen, and in the foreground if it was.
 void Browser::noteMinimized(Frame& frame) {
   ::SetWindowPos(frame.handle, nullptr, parkingPlace.left, parkingPlace.top, parkingPlace.width(),
                  parkingPlace.height(), SWP_NOZORDER | SWP_NOACTIVATE);
-  if (depth_ == 0) turn(true, [&] { world_.desktop().giveUpForeground(*frame.window); });
+  if (depth_ == 0) turn(Pull::whole, [&] { world_.desktop().giveUpForeground(*frame.window); });
 }
 
 // ---- messages
@@ -218,7 +225,7 @@ LRESULT Browser::handle(HWND window, UINT message, WPARAM wparam, LPARAM lparam)
   }
   Frame* frame = frames_.byHandle(window);
   if (message == holdClipboardMessage() && frame != nullptr) {
-    turn(true, [&] { mirror_.holdFor(frame->window->id, wparam != 0); });
+    turn(Pull::whole, [&] { mirror_.holdFor(frame->window->id, wparam != 0); });
     return 0;
   }
   if (message == restoreMessage()) {

@@ -33,9 +33,12 @@ class Browser {
   LRESULT handleKey(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT handleOfFrame(Frame& frame, UINT message, WPARAM wparam, LPARAM lparam);
 
+  // What is looked up of the real desktop: all of it, what is in front, or that unless this very
+  // millisecond did.
+  enum class Pull { whole, foreground, recent };
   // Does `act` between what the real desktop did before it and what the model did by it.
   template <typename Act>
-  void turn(bool whole, const Act& act);
+  void turn(Pull pull, const Act& act);
   void tick();
 
   Json answer(const Json& request);
@@ -54,6 +57,7 @@ class Browser {
   int depth_ = 0;
   bool isAnotherPushDue_ = false;
   ULONGLONG lastTick_ = 0;
+  ULONGLONG lastPullTick_ = 0;
   ULONGLONG lastLookTick_ = 0;
 };
 

@@ -1,9 +1,11 @@
 #include "common/link.h"
 
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace orvane::standins {
 namespace {
@@ -11,12 +13,23 @@ namespace {
 constexpr DWORD capacityBytes = 8 * 1024 * 1024;
 constexpr UINT answerTimeoutMs = 10'000;
 constexpr LRESULT served = 0x4F4C;
+// Somebody who reads a page asks again within some tens of microseconds.
+constexpr std::int64_t listeningMicroseconds = 300;
+// The answer to a question that is listened to takes some microseconds.
+constexpr std::int64_t promptAnswerMicroseconds = 1'000;
+// Beside the handle of the one who listens: it has been asked.
+constexpr std::uint64_t askedMark = std::uint64_t{1} << 63;
 constexpr const wchar_t* nameProperty = L"Orvane.StandIn.Name";
 
 struct SharedText {
+  // The window that is listening, with the mark once it has been asked; 0: none listens.
+  std::atomic<std::uint64_t> listener;
+  std::atomic<std::uint32_t> answers;  // given while listening
   std::uint32_t lengthBytes;
-  char bytes[capacityBytes - sizeof(std::uint32_t)];
+  char bytes[capacityBytes - 2 * sizeof(std::uint64_t)];
 };
+static_assert(sizeof(SharedText) == capacityBytes);
+static_assert(std::atomic<std::uint64_t>::is_always_lock_free);
 
 void closeHandle(HANDLE handle) {
   if (handle != nullptr) ::CloseHandle(handle);
@@ -42,6 +55,9 @@ class SharedMemory {
     return true;
   }
 
+  [[nodiscard]] std::atomic<std::uint64_t>& listener() const { return text_->listener; }
+  [[nodiscard]] std::atomic<std::uint32_t>& answers() const { return text_->answers; }
+
  private:
   std::unique_ptr<void, void (*)(HANDLE)> mapping_;
   std::unique_ptr<SharedText, decltype(&::UnmapViewOfFile)> text_;
@@ -61,6 +77,47 @@ Json answered(const Answerer& answer, const std::string& request) {
   }
 }
 
+std::int64_t microsecondsSince(std::int64_t originTicks) {
+  static const std::int64_t ticksPerSecond = [] {
+    LARGE_INTEGER frequency{};
+    ::QueryPerformanceFrequency(&frequency);
+    return frequency.QuadPart;
+  }();
+  return (nowTicks() - originTicks) * 1'000'000 / ticksPerSecond;
+}
+
+std::uint64_t markOf(HWND window) { return reinterpret_cast<std::uint64_t>(window); }
+
+// Of the process that asks: one for each of its threads.
+SharedMemory& ownMemory() {
+  thread_local SharedMemory memory(memoryName(::GetCurrentThreadId()));
+  return memory;
+}
+
+// The one that was answered last.
+SharedMemory* lastServed = nullptr;
+
+// False when it doesn't listen: nobody has been asked then.
+bool askListener(const SharedMemory& memory, HWND window) {
+  std::uint64_t expected = markOf(window);
+  const std::uint32_t before = memory.answers();
+  if (!memory.listener().compare_exchange_strong(expected, expected | askedMark)) return false;
+  const std::int64_t begunTicks = nowTicks();
+  while (memory.answers() == before) {
+    if (microsecondsSince(begunTicks) < promptAnswerMicroseconds) {
+      // Both may have been given the same core.
+      ::SwitchToThread();
+      continue;
+    }
+    if (microsecondsSince(begunTicks) > std::int64_t{answerTimeoutMs} * 1000) return false;
+    // As while a message is on its way: what is sent to this thread is handled.
+    MSG message{};
+    ::MsgWaitForMultipleObjectsEx(0, nullptr, 1, QS_SENDMESSAGE, 0);
+    ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+  }
+  return true;
+}
+
 }  // namespace
 
 UINT linkMessage() {
@@ -75,12 +132,47 @@ LRESULT serveLink(WPARAM wparam, LPARAM, const Answerer& answer) {
   const auto threadId = static_cast<DWORD>(wparam);
   SharedMemory& memory = memories.try_emplace(threadId, memoryName(threadId)).first->second;
   if (!memory.isReady()) return 0;
+  lastServed = &memory;
   return memory.write(dumped(answered(answer, memory.read()))) ? served : 0;
+}
+
+void listenOnLink(HWND window, DWORD longestMs, const Answerer& answer) {
+  if (lastServed == nullptr) return;
+  SharedMemory& memory = *std::exchange(lastServed, nullptr);
+  std::atomic<std::uint64_t>& listener = memory.listener();
+  // Another one may be listening to the same thread, or be just asked by it.
+  std::uint64_t other = listener;
+  if ((other & askedMark) != 0 || !listener.compare_exchange_strong(other, markOf(window))) return;
+  const std::int64_t begunTicks = nowTicks();
+  std::int64_t heardTicks = begunTicks;
+  while (true) {
+    std::uint64_t seen = listener;
+    if (seen == (markOf(window) | askedMark)) {
+      memory.write(dumped(answered(answer, memory.read())));
+      listener = markOf(window);
+      ++memory.answers();
+      heardTicks = nowTicks();
+    } else if (seen != markOf(window)) {
+      return;
+    } else if ((microsecondsSince(heardTicks) > listeningMicroseconds ||
+                microsecondsSince(begunTicks) > std::int64_t{longestMs} * 1000) &&
+               listener.compare_exchange_strong(seen, 0)) {
+      return;
+    } else {
+      ::SwitchToThread();
+    }
+  }
+}
+
+std::optional<Json> askFact(HWND window, const Json& request) {
+  SharedMemory& memory = ownMemory();
+  if (!memory.isReady() || !memory.write(dumped(request))) return std::nullopt;
+  return askListener(memory, window) ? Json::parse(memory.read()) : askOwner(window, request);
 }
 
 std::optional<Json> askOwner(HWND window, const Json& request) {
   const DWORD threadId = ::GetCurrentThreadId();
-  thread_local SharedMemory memory(memoryName(threadId));
+  SharedMemory& memory = ownMemory();
   DWORD_PTR result = 0;
   // Messages of the one who is asked are handled meanwhile: who takes the clipboard or the foreground
   // has to tell this process first.

@@ -27,6 +27,14 @@ LRESULT serveLink(WPARAM wparam, LPARAM lparam, const Answerer& answer);
 // stand-in's, is gone or hangs.
 std::optional<Json> askOwner(HWND window, const Json& request);
 
+// The same for what only reads. Who has just answered still listens, and answers without a message,
+// whose way there and back takes longer here than all the rest.
+std::optional<Json> askFact(HWND window, const Json& request);
+
+// Answers by itself what the one whom it answered last goes on to ask of `window`. Returns when
+// nothing has come for a moment, or after `longestMs`.
+void listenOnLink(HWND window, DWORD longestMs, const Answerer& answer);
+
 // Stand-in windows are found by the id that the scenario gives them.
 void nameWindow(HWND window, std::string_view id);
 std::optional<std::string> nameOfWindow(HWND window);
