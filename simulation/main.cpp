@@ -190,17 +190,25 @@ int main(int argumentCount, char** arguments) {
   Request request;
   CLI::App app("Runs Orvane's host inside a simulated Windows and shows what it did.", "orvane-sim");
   app.set_version_flag("--version", "orvane-sim " ORVANE_VERSION_TEXT);
-  app.add_option("FILE", request.files, "Scenario files")->required();
+  app.add_option("FILE", request.files, "Scenario files, one or more")->type_name(" ");
   app.add_flag("--json", request.json, "Print one report per file, one line each, and nothing else");
   app.add_option("--prompt", request.prompt, "Text on the clipboard, in place of the scenario's");
-  app.add_option("--html", request.html, "Write the one file's run as a page to this file, too");
-  app.add_option("--report", request.report, "Show this report of the file's run for a person, and run nothing");
+  app.add_option("--html", request.html, "Write the one file's run as a page to OUT, too")->type_name("OUT");
+  app.add_option("--report", request.report, "Show this report of the file's run for a person, and run nothing")
+      ->type_name("REPORT");
   app.add_flag("--list", request.list, "Print each file's path and name, and run nothing");
-  app.add_option("--jobs", request.jobs, "Scenarios that run at a time (default: one for each core)");
+  app.add_option("--jobs", request.jobs, "Scenarios that run at a time (default: one for each core)")->type_name("N");
   try {
     app.parse(argumentCount, arguments);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : unusable;
+    if (error.get_exit_code() == EXIT_SUCCESS) return app.exit(error);
+    complain("orvane-sim", std::string(error.what()) + " (see orvane-sim --help)");
+    return unusable;
+  }
+  // Asked only here, so that an option that doesn't exist is told first.
+  if (request.files.empty()) {
+    complain("orvane-sim", "no scenario file is named (see orvane-sim --help)");
+    return unusable;
   }
   return areForOneFile(request) ? serve(request) : unusable;
 }

@@ -36,4 +36,6 @@ def count(log):
 
 
 if __name__ == "__main__":
+    if len(sys.argv) != 2:
+        sys.exit(__doc__.strip())
     print(*count(pathlib.Path(sys.argv[1]).read_text(errors="replace")))

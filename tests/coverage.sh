@@ -6,6 +6,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source cmake/set_up.sh
 
+(($# == 0)) || fail "takes no arguments; what it does stands at its top" 2
+
 BUILD=build/coverage
 LEAST_PERCENT=97
 

@@ -131,7 +131,10 @@ def main():
     is_quick = len(words) < len(sys.argv) - 1
     build = Path(words[0]).resolve()
     jobs = int(words[1]) if len(words) == 2 else os.cpu_count() or 1
-    entries = json.loads((build / "compile_commands.json").read_text())
+    commands = build / "compile_commands.json"
+    if not commands.is_file():
+        sys.exit(f"lint.py: {commands}: not there; configure that build first")
+    entries = json.loads(commands.read_text())
     entries = [entry for entry in entries if Path(entry["file"]).is_relative_to(ROOT / "src")]
     if not entries:
         sys.exit("no source to look at")

@@ -19,8 +19,9 @@ function verdictWord(reply) {
 
 function makeCallVerdict(reply) {
   const message = messageOf(reply);
+  const stop = message && message.endsWith('.') ? '' : '.';
   return make('p', {class: 'callVerdict'}, makeSign(hasSucceeded(reply) ? 'good' : 'bad'), ' ', make('strong', {}, verdictWord(reply)),
-    message ? `: ${message}` : '', `. It took ${inMs(reply.endMs - reply.startMs)}, from ${inMs(reply.startMs)} on.`);
+    message ? `: ${message}` : '', `${stop} It took ${inMs(reply.endMs - reply.startMs)}, from ${inMs(reply.startMs)} on.`);
 }
 
 // What `{"$from": "activate.windowHandle"}` and its like stood for.

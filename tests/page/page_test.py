@@ -158,6 +158,12 @@ class Refusals(PageTest):
     def test_several_files(self):
         self.assertEqual(self.refuse("--html", self.page, pages.DELIVERED, pages.MENUS), "--html: goes with one scenario file")
 
+    def test_options_that_arent_there_or_lack_their_word_are_told_in_one_line(self):
+        for words, named in ((("--nope",), "--nope"), (("--nope", pages.DELIVERED), "--nope"), (("--html",), "--html"),
+                             ((pages.DELIVERED, "--jobs", "many"), "--jobs"), ((), "no scenario file")):
+            with self.subTest(words):
+                self.assertRegex(self.refuse(*words), f"^orvane-sim: .*{named}.*see orvane-sim --help")
+
     def test_list(self):
         self.assertEqual(self.refuse("--html", self.page, "--list", pages.DELIVERED), "--html: doesn't go with --list")
 
