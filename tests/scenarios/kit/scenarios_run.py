@@ -79,7 +79,7 @@ def claude():
 
 def gemini():
     delivery = Delivery("Gemini").open().gemini_paste_held().enter().sent().observe().verified(EMPTY).delivered()
-    chat = browser("chat", "brave.exe", [working_page(GEMINI, ANSWER_MS).tab(), mail_tab()], selected=1, minimized=True)
+    chat = browser("chat", "brave.exe", [working_page(GEMINI, ANSWER_MS).tab(), mail_tab()], selected=1)
     return carry(GEMINI, "gemini.google.com", ["google gemini"], [mail(), second_browser(), chat, terminal()], "Brave",
                  0, delivery, 0, "mail")
 
@@ -114,8 +114,7 @@ def qwen():
 
 
 def doubao():
-    chat = browser("chat", "brave.exe", [mail_tab(), sleeping_tab(), working_page(DOUBAO, ANSWER_MS).tab()], selected=0,
-                   minimized=True)
+    chat = browser("chat", "brave.exe", [mail_tab(), sleeping_tab(), working_page(DOUBAO, ANSWER_MS).tab()], selected=0)
     return carry(DOUBAO, "doubao.com", ["豆包"], [mail(), second_browser(), terminal(), chat], "Brave", 2,
                  BestEffort(DOUBAO).submitted().cleared(), 0, "mail", shows_answering=False)
 
