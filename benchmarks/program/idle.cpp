@@ -1,4 +1,4 @@
-// A program with a window and a message loop and nothing else: what any program of its kind costs.
+// A program with a window that it shows, a message loop and nothing else: what any program of its kind costs.
 #include <windows.h>
 
 #include <cstdlib>
@@ -22,10 +22,12 @@ int APIENTRY wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int) {
   description.lpfnWndProc = handleMessage;
   description.hInstance = instance;
   description.lpszClassName = className;
-  if (::RegisterClassW(&description) == 0 || ::CreateWindowExW(0, className, L"", WS_OVERLAPPEDWINDOW, 10, 10, 1280,
-                                                               720, nullptr, nullptr, instance, nullptr) == nullptr) {
-    return EXIT_FAILURE;
-  }
+  if (::RegisterClassW(&description) == 0) return EXIT_FAILURE;
+  const HWND window =
+      ::CreateWindowExW(0, className, L"", WS_OVERLAPPEDWINDOW, 10, 10, 1280, 720, nullptr, nullptr, instance, nullptr);
+  if (window == nullptr) return EXIT_FAILURE;
+  // The host's is shown as well by the time that its loop first waits.
+  ::ShowWindow(window, SW_SHOWNORMAL);
   MSG message{};
   while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
     ::TranslateMessage(&message);
