@@ -97,7 +97,7 @@ SharedMemory& ownMemory() {
 // The one that was answered last.
 SharedMemory* lastServed = nullptr;
 
-// False when it doesn't listen: nobody has been asked then.
+// False when it doesn't listen, or hangs: what only reads may be asked again by a message.
 bool askListener(const SharedMemory& memory, HWND window) {
   std::uint64_t expected = markOf(window);
   const std::uint32_t before = memory.answers();

@@ -28,7 +28,8 @@ LRESULT serveLink(WPARAM wparam, LPARAM lparam, const Answerer& answer);
 std::optional<Json> askOwner(HWND window, const Json& request);
 
 // The same for what only reads. Who has just answered still listens, and answers without a message,
-// whose way there and back takes longer here than all the rest.
+// whose way there and back takes longer here than all the rest. One who hangs while listening is asked
+// by a message too, which makes it 20 s at most.
 std::optional<Json> askFact(HWND window, const Json& request);
 
 // Answers by itself what the one whom it answered last goes on to ask of `window`. Returns when
