@@ -76,7 +76,8 @@ orvane_standin_program(browser ${browser_sources})
 orvane_sources(session_sources "${ORVANE_STANDINS_DIR}/session/*.cpp")
 orvane_standin_program(session ${session_sources})
 
-orvane_sources(embedding_sources "${ORVANE_STANDINS_DIR}/flutter_windows/*.cpp")
+orvane_sources(embedding_sources "${ORVANE_STANDINS_DIR}/flutter_windows/*.cpp"
+               "${ORVANE_SIMULATION_DIR}/windows/engine_room.cpp")
 orvane_standin_library(flutter_windows ${embedding_sources})
 foreach(plugin IN ITEMS desktop_drop_plugin url_launcher_windows_plugin webview_windows_plugin)
   orvane_sources(plugin_sources "${ORVANE_STANDINS_DIR}/plugins/${plugin}.cpp")

@@ -89,7 +89,7 @@ FlutterDesktopViewControllerRef FlutterDesktopViewControllerCreate(int width, in
   if (own.isTaken) stopRun(call, "the engine belongs to another view controller");
   own.isTaken = true;
   FlutterDesktopViewController& controller = state.engines.makeController(own);
-  controller.view.window = &makeLibraryWindow(state, width, height);
+  controller.view.window = handleOf(&makeLibraryWindow(state, width, height));
   state.records.engine.width = width;
   state.records.engine.height = height;
   return &controller;
@@ -100,7 +100,7 @@ void FlutterDesktopViewControllerDestroy(FlutterDesktopViewControllerRef control
   if (enter("FlutterDesktopViewControllerDestroy")) return;
   FlutterDesktopViewController& own = state.engines.controllerBehind("FlutterDesktopViewControllerDestroy", controller);
   own.isAlive = false;
-  endWindow(state, *own.view.window);
+  if (Window* const window = state.liveWindow(own.view.window)) endWindow(state, *window);
   state.engines.endEngine(*own.engine);
 }
 
@@ -130,7 +130,7 @@ bool FlutterDesktopViewControllerHandleTopLevelWindowProc(FlutterDesktopViewCont
 HWND FlutterDesktopViewGetHWND(FlutterDesktopViewRef view) {
   PlatformState& state = stateFor("FlutterDesktopViewGetHWND");
   if (const auto fault = enter("FlutterDesktopViewGetHWND")) return faulted<HWND>(*fault);
-  return handleOf(state.engines.viewBehind("FlutterDesktopViewGetHWND", view).window);
+  return state.engines.viewBehind("FlutterDesktopViewGetHWND", view).window;
 }
 
 UINT FlutterDesktopGetDpiForMonitor(HMONITOR monitor) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "world/faults.h"
+
 namespace orvane::simulation {
 namespace {
 
@@ -17,6 +19,7 @@ Thing& behind(const char* call, const std::deque<std::unique_ptr<Thing>>& things
 }  // namespace
 
 FlutterDesktopEngine& EngineRoom::makeEngine() {
+  const std::lock_guard guard(mutex_);
   FlutterDesktopEngine& engine = *engines_.emplace_back(std::make_unique<FlutterDesktopEngine>());
   engine.messenger = messengers_.emplace_back(std::make_unique<FlutterDesktopMessenger>()).get();
   engine.messenger->engine = &engine;
@@ -25,6 +28,7 @@ FlutterDesktopEngine& EngineRoom::makeEngine() {
 
 void EngineRoom::endEngine(FlutterDesktopEngine& engine) {
   engine.isAlive = false;
+  const std::lock_guard guard(engine.messenger->lock);
   engine.messenger->engine = nullptr;
   --engine.messenger->references;
 }
@@ -43,6 +47,7 @@ FlutterDesktopEngine& EngineRoom::engineBehind(const char* call, FlutterDesktopE
 }
 
 FlutterDesktopMessenger& EngineRoom::messengerBehind(const char* call, FlutterDesktopMessengerRef messenger) {
+  const std::lock_guard guard(mutex_);
   FlutterDesktopMessenger& found = behind(call, messengers_, messenger);
   if (found.references <= 0) stopRun(call, "a messenger without a reference");
   return found;
@@ -74,6 +79,7 @@ FlutterDesktopPluginRegistrar& EngineRoom::registrarBehind(const char* call,
 
 void EngineRoom::answer(const FlutterDesktopMessageResponseHandle* handle, Bytes reply) {
   constexpr const char* call = "FlutterDesktopMessengerSendResponse";
+  const std::lock_guard guard(mutex_);
   FlutterPlatformMessageResponseHandle& response = behind(call, responses_, handle);
   if (response.isAnswered) stopRun(call, "the message is answered already");
   response.isAnswered = true;
@@ -86,21 +92,26 @@ std::optional<Bytes> EngineRoom::deliver(const std::string& channel, const Bytes
   if (alive == engines_.rend()) return std::nullopt;
   const auto handler = (*alive)->handlers.find(channel);
   if (handler == (*alive)->handlers.end()) return Bytes{};
+  std::unique_lock guard(mutex_);
   FlutterPlatformMessageResponseHandle& response =
       *responses_.emplace_back(std::make_unique<FlutterPlatformMessageResponseHandle>());
+  guard.unlock();
   const FlutterDesktopMessage envelope{sizeof(FlutterDesktopMessage), channel.c_str(), message.data(), message.size(),
                                        &response};
   // A copy: the handler may take itself away.
   const FlutterDesktopMessageHandler receiver = handler->second;
   receiver.callback((*alive)->messenger, &envelope, receiver.userData);
+  guard.lock();
   return std::exchange(response.reply, std::nullopt);
 }
 
 void EngineRoom::forgetAnswered() {
+  const std::lock_guard guard(mutex_);
   std::erase_if(responses_, [](const auto& response) { return response->isAnswered; });
 }
 
 void EngineRoom::queueReply(FlutterDesktopBinaryReply reply, void* userData, Bytes data) {
+  const std::lock_guard guard(mutex_);
   replies_.push_back([reply, userData, data = std::move(data)] {
     reply(data.empty() ? nullptr : data.data(), data.size(), userData);
   });
@@ -119,9 +130,14 @@ bool EngineRoom::drawFrame() {
 }
 
 bool EngineRoom::performTask() {
-  if (replies_.empty()) return drawFrame();
+  std::unique_lock guard(mutex_);
+  if (replies_.empty()) {
+    guard.unlock();
+    return drawFrame();
+  }
   const std::function<void()> reply = std::move(replies_.front());
   replies_.pop_front();
+  guard.unlock();
   reply();
   return true;
 }

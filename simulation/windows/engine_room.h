@@ -1,15 +1,19 @@
 #pragma once
 
+#include <windows.h>
+
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "embedding/flutter_library.h"
-#include "windows/platform.h"
+#include "world/bytes.h"
 
 // What lies behind the library's opaque handles. None is freed before the process ends, so that a
 // handle used after its end is told apart.
@@ -23,13 +27,14 @@ struct FlutterPlatformMessageResponseHandle {
 };
 
 struct FlutterDesktopMessenger {
-  int references = 1;
-  int locks = 0;
-  FlutterDesktopEngine* engine = nullptr;  // null when it has gone
+  std::atomic<int> references = 1;
+  std::recursive_mutex lock;
+  std::atomic<int> locks = 0;
+  std::atomic<FlutterDesktopEngine*> engine = nullptr;  // null when it has gone
 };
 
 struct FlutterDesktopView {
-  orvane::simulation::Window* window = nullptr;
+  HWND window = nullptr;
 };
 
 struct FlutterDesktopMessageHandler {
@@ -56,7 +61,8 @@ struct FlutterDesktopViewController {
 
 namespace orvane::simulation {
 
-// The engines, views and messages of the embedding library.
+// The engines, views and messages of the embedding library, all on the platform thread but for
+// replies. A use that the library's contract forbids ends the run.
 class EngineRoom {
  public:
   FlutterDesktopEngine& makeEngine();
@@ -71,7 +77,8 @@ class EngineRoom {
   FlutterDesktopPluginRegistrar& registrarBehind(const char* call, FlutterDesktopPluginRegistrarRef registrar);
   void answer(const FlutterDesktopMessageResponseHandle* handle, Bytes reply);
 
-  // One message of the interface to the host; see Platform::sendToHost.
+  // One message of the interface to the host. Its reply: nullopt when none came before the host's
+  // handler returned, empty bytes for an empty one and for a channel without a handler.
   std::optional<Bytes> deliver(const std::string& channel, const Bytes& message);
 
   // Lets go of what is behind messages that have been answered: a second answer isn't told apart any more.
@@ -87,6 +94,7 @@ class EngineRoom {
  private:
   bool drawFrame();
 
+  std::recursive_mutex mutex_;  // of the lists: replies may be sent on any thread
   std::deque<std::unique_ptr<FlutterDesktopEngine>> engines_;
   std::deque<std::unique_ptr<FlutterDesktopMessenger>> messengers_;
   std::deque<std::unique_ptr<FlutterDesktopViewController>> controllers_;

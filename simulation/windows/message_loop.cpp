@@ -55,6 +55,11 @@ bool pumpWaiting(PlatformState& state) {
       if (state.queue.quits) return false;
       if (!takePaintMessage(state, message)) return true;
     }
+    if (message.message == WM_QUIT) {
+      state.queue.quits = true;
+      state.queue.exitCode = static_cast<int>(message.wParam);
+      return false;
+    }
     dispatch(state, message);
   }
 }
@@ -70,7 +75,8 @@ BOOL GetMessageW(LPMSG message, HWND window, UINT first, UINT last) {
   if (Clock::currentThread() != 0) stopRun("GetMessageW", "a message loop on a second thread isn't modelled");
   while (true) {
     if (handleEvent(state.queue)) continue;
-    if (takePosted(state.queue, *message)) return TRUE;
+    // Somebody else may post the quit message too.
+    if (takePosted(state.queue, *message)) return message->message == WM_QUIT ? FALSE : TRUE;
     if (state.queue.quits) {
       *message = quitMessage(state.queue);
       return FALSE;

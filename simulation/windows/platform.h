@@ -7,13 +7,12 @@
 #include <vector>
 
 #include "windows/painted.h"
+#include "world/bytes.h"
 #include "world/desktop.h"
 
 namespace orvane::simulation {
 
 class PlatformState;
-
-using Bytes = std::vector<std::uint8_t>;
 
 // The interface behind the embedding library: what performs a scenario's steps.
 class InterfaceScript {

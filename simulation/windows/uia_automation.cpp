@@ -135,6 +135,10 @@ class Automation final : public AutomationSlots<ComObject<IUIAutomation>> {
 
 }  // namespace
 
+HRESULT answerUnusedSlot(const char* interfaceName, int slot) {
+  stopRun(interfaceName, "slot " + std::to_string(slot) + " isn't modelled");
+}
+
 IUIAutomation* makeAutomation() { return makeComObject<Automation>(); }
 
 SharedTest testBehind(IUIAutomationCondition* condition) {

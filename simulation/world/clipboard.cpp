@@ -3,10 +3,10 @@
 #include <cstring>
 #include <utility>
 
+#include "world/bytes.h"
+
 namespace orvane::simulation {
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
 
 Bytes closedBlockOf(const Text& text) {
   Bytes bytes((text.size() + 1) * sizeof(char16_t));

@@ -21,6 +21,11 @@ bool concerns(const Fault& fault, const Window* window, const Element* element) 
   return !fault.window || (about != nullptr && about->id == *fault.window);
 }
 
+StopHandler& stopHandler() {
+  static StopHandler handler = nullptr;
+  return handler;
+}
+
 }  // namespace
 
 void Books::setFaults(std::vector<Fault> faults) { faults_ = std::move(faults); }
@@ -47,7 +52,10 @@ void Books::hold(std::string_view kind, int change) {
   if (known->second < 0) stopRun(kind, "given back more often than taken");
 }
 
+void setStopHandler(StopHandler handler) { stopHandler() = handler; }
+
 void stopRun(std::string_view call, std::string_view what) {
+  if (stopHandler() != nullptr) stopHandler()(call, what);
   std::fflush(stdout);
   std::fprintf(stderr, "simulation: %.*s: %.*s\n", static_cast<int>(call.size()), call.data(),
                static_cast<int>(what.size()), what.data());

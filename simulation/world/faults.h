@@ -83,6 +83,10 @@ class Books {
   };
 };
 
+// Told of what ends the run, before the line is written; may end the process itself.
+using StopHandler = void (*)(std::string_view call, std::string_view what);
+void setStopHandler(StopHandler handler);
+
 // Ends the run: the host did what the simulation doesn't model or what Windows forbids.
 // Writes "simulation: CALL: WHAT" as one line to the error stream; the process ends with status 3.
 [[noreturn]] void stopRun(std::string_view call, std::string_view what);

@@ -205,9 +205,12 @@ std::wstring selectedTabName(const UiaSession& session, HWND window) {
   }
   UiaElement root;
   session.elementFromHandle(window, root);
+  if (!root) {
+    return {};
+  }
   UiaCondition condition;
   session.controlTypeCondition(UIA_TabItemControlTypeId, condition);
-  if (!root || !condition) {
+  if (!condition) {
     return {};
   }
   UiaElementArray items;

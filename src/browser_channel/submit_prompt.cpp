@@ -5,6 +5,7 @@
 #include "composer/prompt_state.h"
 #include "composer/send_control.h"
 #include "provider_identity/provider_tables.h"
+#include "provider_identity/text_rules.h"
 
 namespace orvane {
 namespace {
@@ -154,13 +155,11 @@ void submitByPlainEnter(Delivery& delivery, TraceLog& trace) {
   ::Sleep(afterSendMs);
 }
 
-bool holds(std::wstring_view text, std::wstring_view word) { return text.find(word) != std::wstring_view::npos; }
-
 }  // namespace
 
 ProviderTests testProvider(std::wstring_view lowerName) {
-  return {holds(lowerName, provider_key::claude), holds(lowerName, provider_key::gemini),
-          holds(lowerName, provider_key::chatGpt), lowerName == provider_key::perplexity};
+  return {contains(lowerName, provider_key::claude), contains(lowerName, provider_key::gemini),
+          contains(lowerName, provider_key::chatGpt), lowerName == provider_key::perplexity};
 }
 
 void submitPrompt(Delivery& delivery, TraceLog& trace) {

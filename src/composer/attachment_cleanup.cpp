@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cwctype>
 #include <optional>
 #include <string_view>
 
@@ -19,11 +18,13 @@ constexpr std::array<std::wstring_view, 3> attachmentWords{L"attachment", L"file
 constexpr int removalLimit = 10;
 constexpr DWORD pauseAfterRemovalMs = 80;
 
-bool isWordUnit(wchar_t unit) { return std::iswalnum(static_cast<std::wint_t>(unit)) != 0; }
+bool isWordUnit(wchar_t unit) {
+  return (unit >= L'a' && unit <= L'z') || (unit >= L'A' && unit <= L'Z') || (unit >= L'0' && unit <= L'9');
+}
 
-// "file" counts in "remove files" and not in "clear profile".
-bool beginsAnyWordOf(const std::wstring& foldedName, std::wstring_view word) {
-  for (std::size_t at = foldedName.find(word); at != std::wstring::npos; at = foldedName.find(word, at + 1)) {
+// An attachment's word counts where it begins: "file" in "remove files", not in "clear profile".
+bool beginsWord(std::wstring_view foldedName, std::wstring_view word) {
+  for (std::size_t at = foldedName.find(word); at != std::wstring_view::npos; at = foldedName.find(word, at + 1)) {
     if (at == 0 || !isWordUnit(foldedName[at - 1])) {
       return true;
     }
@@ -31,15 +32,11 @@ bool beginsAnyWordOf(const std::wstring& foldedName, std::wstring_view word) {
   return false;
 }
 
-template <std::size_t count>
-bool holdsWordOf(const std::wstring& foldedName, const std::array<std::wstring_view, count>& words) {
-  return std::any_of(words.begin(), words.end(),
-                     [&](std::wstring_view word) { return beginsAnyWordOf(foldedName, word); });
-}
-
 bool namesRemoval(const std::wstring& name) {
   const std::wstring foldedName = toLower(name);
-  return holdsWordOf(foldedName, removalWords) && holdsWordOf(foldedName, attachmentWords);
+  return containsAnyOf(foldedName, removalWords) &&
+         std::any_of(attachmentWords.begin(), attachmentWords.end(),
+                     [&](std::wstring_view word) { return beginsWord(foldedName, word); });
 }
 
 bool press(const UiaElement& button) {
@@ -61,8 +58,7 @@ int removeAttachments(HWND window, std::vector<std::string>* names) {
   int removed = 0;
   for (int index = buttons.length() - 1; index >= 0 && removed < removalLimit; --index) {
     UiaElement button;
-    buttons.elementAt(index, button);
-    const std::optional<std::wstring> name = button ? button.name() : std::nullopt;
+    const std::optional<std::wstring> name = readNamedButton(buttons, index, button);
     if (!name || !namesRemoval(*name) || !isEnabledOnScreen(button) || !press(button)) {
       continue;
     }

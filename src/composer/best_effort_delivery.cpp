@@ -233,12 +233,6 @@ class BestEffortRoute {
   std::wstring prompt_;
 };
 
-template <typename Words>
-bool holdsAnyWord(const std::wstring& foldedName, const Words& words) {
-  return std::any_of(words.begin(), words.end(),
-                     [&](const auto& word) { return foldedName.find(word) != std::wstring::npos; });
-}
-
 }  // namespace
 
 bool deliverBestEffort(HWND window, const BestEffortProfile& profile, TraceLog& trace) {
@@ -246,7 +240,7 @@ bool deliverBestEffort(HWND window, const BestEffortProfile& profile, TraceLog& 
 }
 
 bool isNamedComposer(const BestEffortProfile& profile, const std::wstring& foldedName) {
-  return !holdsAnyWord(foldedName, denyWords) && holdsAnyWord(foldedName, profile.composerWords);
+  return !containsAnyOf(foldedName, denyWords) && containsAnyOf(foldedName, profile.composerWords);
 }
 
 bool isForegroundOnExactHost(HWND window, const BestEffortProfile& profile) {

@@ -20,6 +20,11 @@ ButtonSearchResult findButtons(const UiaSession& session, HWND window, UiaElemen
   return buttons ? ButtonSearchResult::found : ButtonSearchResult::noButtons;
 }
 
+std::optional<std::wstring> readNamedButton(const UiaElementArray& buttons, int index, UiaElement& button) {
+  buttons.elementAt(index, button);
+  return button ? button.name() : std::nullopt;
+}
+
 bool isEnabledOnScreen(const UiaElement& button) {
   const bool isEnabled = button.isEnabled();
   const bool isOffscreen = button.isOffscreen();

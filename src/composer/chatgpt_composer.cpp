@@ -1,5 +1,6 @@
 #include "composer/chatgpt_composer.h"
 
+#include <cstdint>
 #include <optional>
 
 #include "provider_identity/text_rules.h"
@@ -8,13 +9,13 @@ namespace orvane {
 namespace {
 
 constexpr std::wstring_view workspaceMark = L"\u00B7 Work";
-constexpr LONG leastComposerWidthPixels = 250;
-constexpr LONG highestTopPercent = 45;
+constexpr std::int64_t leastComposerWidthPixels = 250;
+constexpr std::int64_t highestTopPercent = 45;
 
 bool standsInLowerPage(const UiaElement& element, const RECT& root) {
   const std::optional<RECT> bounds = element.bounds();
-  const LONG rootHeight = root.bottom - root.top;
-  return bounds && bounds->right - bounds->left >= leastComposerWidthPixels && rootHeight >= 1 &&
+  const std::int64_t rootHeight = std::int64_t{root.bottom} - root.top;
+  return bounds && std::int64_t{bounds->right} - bounds->left >= leastComposerWidthPixels && rootHeight >= 1 &&
          bounds->top >= root.top + rootHeight * highestTopPercent / 100;
 }
 

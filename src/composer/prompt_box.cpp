@@ -32,18 +32,12 @@ constexpr std::int64_t promptWordScore = 2'000'000'000;
 constexpr std::int64_t wideScore = 500'000'000;
 constexpr LONG wideAbovePixels = 300;
 
-template <std::size_t count>
-bool holdsAnyWord(const std::wstring& foldedName, const std::array<std::wstring_view, count>& words) {
-  return std::any_of(words.begin(), words.end(),
-                     [&](std::wstring_view word) { return foldedName.find(word) != std::wstring::npos; });
-}
-
 std::int64_t scoreCandidate(const RECT& bounds, CONTROLTYPEID type, const std::wstring& foldedName) {
-  const std::int64_t width = bounds.right - bounds.left;
-  const std::int64_t height = bounds.bottom - bounds.top;
+  const std::int64_t width = std::int64_t{bounds.right} - bounds.left;
+  const std::int64_t height = std::int64_t{bounds.bottom} - bounds.top;
   std::int64_t score = width * height;
   score += type == UIA_EditControlTypeId ? editScore : 0;
-  score += holdsAnyWord(foldedName, promptWords) ? promptWordScore : 0;
+  score += containsAnyOf(foldedName, promptWords) ? promptWordScore : 0;
   score += width > wideAbovePixels ? wideScore : 0;
   return score;
 }
@@ -117,7 +111,7 @@ class PromptBoxCheck {
     for (int index = 0; index < length; ++index) {
       UiaElement element;
       elements.elementAt(index, element);
-      if (element && !element.isOffscreen() && holdsAnyWord(toLower(elementName(element)), perplexitySignInWords)) {
+      if (element && !element.isOffscreen() && containsAnyOf(toLower(elementName(element)), perplexitySignInWords)) {
         return true;
       }
     }
@@ -150,8 +144,10 @@ class PromptBoxCheck {
     if (::GetWindowRect(window_, &bounds) == FALSE) {
       return;  // without the window's place nothing counts as its lower page
     }
-    const int percent = isPerplexity_ ? perplexityLowerPagePercent : lowerPagePercent;
-    lowerPageLine_ = bounds.top + (percent * (bounds.bottom - bounds.top)) / 100;
+    const std::int64_t percent = isPerplexity_ ? perplexityLowerPagePercent : lowerPagePercent;
+    // The product has 32 bits; beyond them it wraps.
+    const auto share = static_cast<std::int32_t>(percent * (bounds.bottom - bounds.top));
+    lowerPageLine_ = bounds.top + share / 100;
   }
 
   bool makeSearchCondition(UiaCondition& condition) const {
@@ -178,11 +174,11 @@ class PromptBoxCheck {
   void consider(const UiaElement& element) {
     const CONTROLTYPEID type = element.controlType();
     const std::wstring name = toLower(elementName(element));
-    if (holdsAnyWord(name, browserFieldWords)) {
+    if (containsAnyOf(name, browserFieldWords)) {
       return;
     }
     if (isPerplexity_) {
-      if (!holdsAnyWord(name, perplexityComposerNames)) {
+      if (!containsAnyOf(name, perplexityComposerNames)) {
         return;
       }
       ++counters_.named;
@@ -237,7 +233,7 @@ class PromptBoxCheck {
     if (!focused) {
       return fail("Prompt focus could not be verified");
     }
-    if (holdsAnyWord(toLower(elementName(focused)), browserFieldWords)) {
+    if (containsAnyOf(toLower(elementName(focused)), browserFieldWords)) {
       return fail("Browser search/address field detected; message was not sent");
     }
     if (isPerplexity_ && !identifyPerplexityFocus(focused)) {

@@ -131,8 +131,7 @@ bool isRespondingControlVisible(HWND window, std::string* message) {
   std::string& text = message == nullptr ? unused : *message;
   for (int index = buttons.length() - 1; index >= 0; --index) {
     UiaElement button;
-    buttons.elementAt(index, button);
-    const std::optional<std::wstring> name = button ? button.name() : std::nullopt;
+    const std::optional<std::wstring> name = readNamedButton(buttons, index, button);
     if (name && isStopControl(button, *name)) {
       text = "PASS: AI responding control is visible: " + utf8FromWide(*name);
       return true;

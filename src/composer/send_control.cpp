@@ -89,8 +89,7 @@ bool pressSendButton(HWND window, const std::string& providerName, std::string& 
   const int length = buttons.length();
   for (int index = length - 1; index >= 0; --index) {
     UiaElement button;
-    buttons.elementAt(index, button);
-    const std::optional<std::wstring> name = button ? button.name() : std::nullopt;
+    const std::optional<std::wstring> name = readNamedButton(buttons, index, button);
     if (name && pressIfSendButton(button, *name, takesExtendedNames, counters)) {
       message = "PASS: invoked exact send button " + utf8FromWide(*name) + " for " + providerName;
       return true;
@@ -113,8 +112,7 @@ bool findEnabledSendButton(HWND window, std::wstring* name) {
   }
   for (int index = buttons.length() - 1; index >= 0; --index) {
     UiaElement button;
-    buttons.elementAt(index, button);
-    const std::optional<std::wstring> found = button ? button.name() : std::nullopt;
+    const std::optional<std::wstring> found = readNamedButton(buttons, index, button);
     if (!found) {
       continue;
     }

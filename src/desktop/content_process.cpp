@@ -22,7 +22,7 @@ struct WindowSearch {
 
 // The number of a process; 0 when it is none.
 DWORD processIdOf(double number) {
-  constexpr double limit = 9.0e18;  // what a 64-bit integer holds
+  constexpr double limit = 0x1p63;  // what a 64-bit integer holds
   return std::abs(number) < limit ? static_cast<DWORD>(static_cast<std::int64_t>(number)) : 0;
 }
 

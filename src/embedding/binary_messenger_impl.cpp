@@ -27,22 +27,24 @@ using MessengerLock = UniqueResource<MessengerLockTraits>;
 class PendingResponse {
  public:
   PendingResponse(FlutterDesktopMessengerRef messenger, const FlutterDesktopMessageResponseHandle* handle)
-      : messenger_(FlutterDesktopMessengerAddRef(messenger)), handle_(handle) {}
+      : messenger_(messenger), reference_(FlutterDesktopMessengerAddRef(messenger)), handle_(handle) {}
 
   void send(const std::uint8_t* bytes, std::size_t size) {
-    const MessengerLock lock(FlutterDesktopMessengerLock(messenger_.get()));
-    if (!FlutterDesktopMessengerIsAvailable(messenger_.get())) {
+    FlutterDesktopMessengerLock(messenger_);
+    const MessengerLock lock(messenger_);
+    if (!FlutterDesktopMessengerIsAvailable(messenger_)) {
       return;
     }
     if (handle_ == nullptr) {
       logErrorLine("Error: Response can be set only once. Ignoring duplicate response.");
       return;
     }
-    FlutterDesktopMessengerSendResponse(messenger_.get(), std::exchange(handle_, nullptr), bytes, size);
+    FlutterDesktopMessengerSendResponse(messenger_, std::exchange(handle_, nullptr), bytes, size);
   }
 
  private:
-  MessengerReference messenger_;
+  FlutterDesktopMessengerRef messenger_;
+  MessengerReference reference_;
   const FlutterDesktopMessageResponseHandle* handle_;
 };
 

@@ -6,10 +6,12 @@
 namespace orvane {
 
 // What the decoding of one message may cost. What a message declares is no measure of what it
-// holds: nesting is bounded, and all its containers together reserve no more than it has bytes.
+// holds: nesting is bounded, all its containers together reserve no more elements than it has bytes,
+// and a few are made up for those that it lacks.
 class DecodingLimits {
  public:
-  static constexpr int maximumDepth = 1000;
+  static constexpr int maximumDepth = 1000;  // far beyond any call, far within the thread's stack
+  static constexpr int maximumLackingElements = 1000;
 
   explicit DecodingLimits(std::size_t messageSize) noexcept : reservableElements_(messageSize) {}
 
@@ -39,8 +41,17 @@ class DecodingLimits {
     return granted;
   }
 
+  // Whether one more element may stand for what a container of `count` declares and the message
+  // doesn't hold.
+  [[nodiscard]] bool grantLackingElement(std::size_t count) noexcept {
+    const bool isGranted = lackingElements_ != 0 && count <= std::size_t{maximumLackingElements};
+    lackingElements_ -= isGranted ? 1 : 0;
+    return isGranted;
+  }
+
  private:
   std::size_t reservableElements_;
+  int lackingElements_ = maximumLackingElements;
   int depth_ = 0;
   bool exceeded_ = false;
 };

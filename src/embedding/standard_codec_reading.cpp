@@ -84,15 +84,15 @@ class PlainSource {
 
   // Reads a value to the end of `list`.
   void readElement(EncodableList& list) const { readInto(ListPlace(list)); }
-  // Reads a key and its value. False when the message ends behind the key; the value is null then.
-  [[nodiscard]] bool readEntry(EncodableMap& map) const;
+  // Reads a key and its value.
+  void readEntry(EncodableMap& map) const;
 
   template <typename Place>
   void readInto(Place place) const;
 
  private:
   // Where the key isn't a short text.
-  [[nodiscard]] bool readUncommonEntry(EncodableMap& map) const;
+  void readUncommonEntry(EncodableMap& map) const;
 
   ByteBufferStreamReader& stream_;
 };
@@ -106,11 +106,9 @@ class ExtendedSource {
   [[nodiscard]] ByteStreamReader& stream() const noexcept { return stream_; }
 
   void readElement(EncodableList& list) const { list.push_back(serializer_.ReadValue(stream_)); }
-  [[nodiscard]] bool readEntry(EncodableMap& map) const {
+  void readEntry(EncodableMap& map) const {
     EncodableValue key = serializer_.ReadValue(stream_);
-    const bool isWhole = stream_.remaining() != 0;
     map.emplace_hint(map.end(), std::move(key), serializer_.ReadValue(stream_));
-    return isWhole;
   }
 
  private:
@@ -178,14 +176,17 @@ void readSequence(Stream& stream, Place& place) {
   readElements<Sequence>(stream, count, place);
 }
 
-// A container that still lacks elements at the end of its message. The read that fails is what
-// logs the lack.
-inline bool endsEarly(ByteStreamReader& stream) {
-  if (stream.remaining() != 0) [[likely]] {
+// Whether a container of `count` elements has one more. What it lacks at the end of its message is
+// null, each read logged; one that declares no end of elements ends there, with one line.
+inline bool goesOn(ByteStreamReader& stream, std::size_t count) {
+  if (stream.limits().exceeded()) {
     return false;
   }
+  if (stream.remaining() != 0 || stream.limits().grantLackingElement(count)) [[likely]] {
+    return true;
+  }
   stream.ReadByte();
-  return true;
+  return false;
 }
 
 template <typename Source>
@@ -194,21 +195,18 @@ void readList(const Source& source, EncodableList& list) {
   const std::size_t count = readSize(stream);
   const DecodingLimits::Level level(stream.limits());
   list.reserve(stream.limits().grantElements(count));
-  for (std::size_t element = 0; element < count && !stream.limits().exceeded() && !endsEarly(stream); ++element) {
+  for (std::size_t element = 0; element < count && goesOn(stream, count); ++element) {
     source.readElement(list);
   }
 }
 
-// A last key without a value has null: the read of the value is what logs the early end then.
 template <typename Source>
 void readMap(const Source& source, EncodableMap& map) {
   auto& stream = source.stream();
   const std::size_t count = readSize(stream);
   const DecodingLimits::Level level(stream.limits());
-  for (std::size_t entry = 0; entry < count && !stream.limits().exceeded() && !endsEarly(stream); ++entry) {
-    if (!source.readEntry(map)) {
-      break;
-    }
+  for (std::size_t entry = 0; entry < count && goesOn(stream, count); ++entry) {
+    source.readEntry(map);
   }
 }
 
@@ -278,12 +276,12 @@ void PlainSource::readInto(Place place) const {
   readValue(stream_.ReadByte(), *this, place);
 }
 
-bool PlainSource::readEntry(EncodableMap& map) const {
+void PlainSource::readEntry(EncodableMap& map) const {
   const std::string_view name = readShortText(stream_);
   if (name.data() == nullptr) [[unlikely]] {
-    return readUncommonEntry(map);
+    readUncommonEntry(map);
+    return;
   }
-  const bool isWhole = stream_.remaining() != 0;
   EntryPlace place(map, name);
   const std::string_view text = readShortText(stream_);
   if (text.data() != nullptr) {
@@ -291,17 +289,14 @@ bool PlainSource::readEntry(EncodableMap& map) const {
   } else {
     readValue(stream_.ReadByte(), *this, place);
   }
-  return isWhole;
 }
 
-bool PlainSource::readUncommonEntry(EncodableMap& map) const {
+void PlainSource::readUncommonEntry(EncodableMap& map) const {
   EncodableValue key;
   readInto(ValuePlace(key));
-  const bool isWhole = stream_.remaining() != 0;
   EncodableValue value;
   readInto(ValuePlace(value));
   map.emplace_hint(map.end(), std::move(key), std::move(value));
-  return isWhole;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "provider_identity/address_rules.h"
@@ -11,22 +12,21 @@ namespace orvane {
 namespace {
 
 constexpr std::array<std::wstring_view, 3> addressFieldWords{L"address", L"omnibox", L"location"};
-constexpr LONG leastFieldWidthPixels = 180;
-constexpr LONG greatestFieldHeightPixels = 120;
-constexpr LONG upperPartPercent = 35;
+constexpr std::int64_t leastFieldWidthPixels = 180;
+constexpr std::int64_t greatestFieldHeightPixels = 120;
+constexpr std::int64_t upperPartPercent = 35;
 
 bool namesAddressField(const UiaElement& element) {
   const std::wstring name = elementName(element);
   const std::wstring automationId = elementAutomationId(element);
   const std::wstring text = toLower(name + L" " + automationId + L" " + elementClassName(element));
-  return std::any_of(addressFieldWords.begin(), addressFieldWords.end(),
-                     [&](std::wstring_view word) { return text.find(word) != std::wstring::npos; });
+  return containsAnyOf(text, addressFieldWords);
 }
 
 bool liesLikeAddressField(const RECT& field, const RECT& root) {
-  const LONG width = field.right - field.left;
-  const LONG height = field.bottom - field.top;
-  const LONG upperPart = (root.bottom - root.top) * upperPartPercent / 100;
+  const std::int64_t width = std::int64_t{field.right} - field.left;
+  const std::int64_t height = std::int64_t{field.bottom} - field.top;
+  const std::int64_t upperPart = (std::int64_t{root.bottom} - root.top) * upperPartPercent / 100;
   return width >= leastFieldWidthPixels && height >= 1 && height <= greatestFieldHeightPixels &&
          field.top >= root.top && field.top < root.top + upperPart;
 }
@@ -36,7 +36,7 @@ bool isAddressFieldCandidate(const UiaElement& element, const RECT& root) {
     return true;
   }
   const std::optional<RECT> field = element.bounds();
-  return field && root.bottom - root.top >= 1 && liesLikeAddressField(*field, root);
+  return field && root.bottom > root.top && liesLikeAddressField(*field, root);
 }
 
 // The first of the control's texts that is an address; empty for none.

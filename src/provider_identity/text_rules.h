@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,6 +16,12 @@ bool textContains(std::wstring_view haystack, std::wstring_view needle);
 // Substring test on both texts as they are; an empty part is always contained.
 inline bool contains(std::wstring_view text, std::wstring_view part) {
   return text.find(part) != std::wstring_view::npos;
+}
+
+// True when the text contains one of `words`, any range of texts.
+template <typename Words>
+bool containsAnyOf(std::wstring_view text, const Words& words) {
+  return std::any_of(words.begin(), words.end(), [text](std::wstring_view word) { return contains(text, word); });
 }
 
 // What of a UTF-8 text may stand in a trace line: line ends become blanks, and a text of 181 bytes

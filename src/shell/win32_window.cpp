@@ -56,9 +56,12 @@ void unregisterClassAfterLastWindow() {
   }
 }
 
-void setIcon(HWND window, WPARAM kind, int widthMetric, int heightMetric) {
-  const HANDLE icon = ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconResource), IMAGE_ICON,
-                                   ::GetSystemMetrics(widthMetric), ::GetSystemMetrics(heightMetric), LR_DEFAULTCOLOR);
+HANDLE loadIcon(int widthMetric, int heightMetric) {
+  return ::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(iconResource), IMAGE_ICON,
+                      ::GetSystemMetrics(widthMetric), ::GetSystemMetrics(heightMetric), LR_DEFAULTCOLOR);
+}
+
+void setIcon(HWND window, WPARAM kind, HANDLE icon) {
   if (icon != nullptr) {
     ::SendMessageW(window, WM_SETICON, kind, reinterpret_cast<LPARAM>(icon));
   }
@@ -103,8 +106,10 @@ bool Win32Window::Create(const std::wstring& title, const Point& origin, const S
   if (window == nullptr) {
     return false;
   }
-  setIcon(window, ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
-  setIcon(window, ICON_BIG, SM_CXICON, SM_CYICON);
+  const HANDLE smallIcon = loadIcon(SM_CXSMICON, SM_CYSMICON);
+  const HANDLE bigIcon = loadIcon(SM_CXICON, SM_CYICON);
+  setIcon(window, ICON_SMALL, smallIcon);
+  setIcon(window, ICON_BIG, bigIcon);
   UpdateTheme(window);
   return OnCreate();
 }

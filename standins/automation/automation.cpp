@@ -1,8 +1,10 @@
 #include "automation/condition.h"
 #include "automation/elements.h"
-#include "automation/unused_slots.h"
 #include "common/com_object.h"
 #include "common/link.h"
+#include "windows/uia_unused_slots.h"
+
+HRESULT orvane::simulation::answerUnusedSlot(const char*, int) { return E_NOTIMPL; }
 
 namespace orvane::standins {
 namespace {
@@ -34,7 +36,7 @@ IUIAutomationElement* elementIn(const Json& answer) {
   return makeTreeElement({link, number.get<int>()});
 }
 
-class Automation final : public AutomationSlots<ComObject<IUIAutomation>> {
+class Automation final : public simulation::AutomationSlots<ComObject<IUIAutomation>> {
  public:
   Automation() : AutomationSlots(IID_IUIAutomation) {}
 

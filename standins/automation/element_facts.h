@@ -1,13 +1,13 @@
 #pragma once
 
 #include "automation/tree_link.h"
-#include "automation/unused_slots.h"
 #include "common/com_object.h"
+#include "windows/uia_unused_slots.h"
 
 namespace orvane::standins {
 
 // The getters of an element, all out of one question for a fact by its name.
-class ElementFactReader : public ElementSlots<ComObject<IUIAutomationElement>> {
+class ElementFactReader : public simulation::ElementSlots<ComObject<IUIAutomationElement>> {
  public:
   ElementFactReader() : ElementSlots(IID_IUIAutomationElement) {}
 

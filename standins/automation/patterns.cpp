@@ -1,8 +1,8 @@
 #include "automation/patterns.h"
 
-#include "automation/unused_slots.h"
 #include "common/com_object.h"
 #include "common/wide_text.h"
+#include "windows/uia_unused_slots.h"
 
 namespace orvane::standins {
 namespace {
@@ -23,7 +23,7 @@ class InvokePattern final : public PatternObject<IUIAutomationInvokePattern> {
   HRESULT STDMETHODCALLTYPE Invoke() override { return resultOf(askAbout(place_, {{"op", "invoke"}})); }
 };
 
-class ValuePattern final : public ValuePatternSlots<PatternObject<IUIAutomationValuePattern>> {
+class ValuePattern final : public simulation::ValuePatternSlots<PatternObject<IUIAutomationValuePattern>> {
  public:
   explicit ValuePattern(const ElementPlace& place) : ValuePatternSlots(IID_IUIAutomationValuePattern, place) {}
 
@@ -41,7 +41,8 @@ class ValuePattern final : public ValuePatternSlots<PatternObject<IUIAutomationV
   }
 };
 
-class SelectionItemPattern final : public SelectionItemPatternSlots<PatternObject<IUIAutomationSelectionItemPattern>> {
+class SelectionItemPattern final
+    : public simulation::SelectionItemPatternSlots<PatternObject<IUIAutomationSelectionItemPattern>> {
  public:
   explicit SelectionItemPattern(const ElementPlace& place)
       : SelectionItemPatternSlots(IID_IUIAutomationSelectionItemPattern, place) {}

@@ -4,12 +4,13 @@
 
 #include "common/scenario_of_run.h"
 #include "common/wide_text.h"
-#include "flutter_windows/engine_room.h"
 #include "flutter_windows/message_turn.h"
 #include "flutter_windows/performance.h"
 #include "flutter_windows/view_window.h"
+#include "world/faults.h"
 
 using namespace orvane::standins;
+using orvane::simulation::stopRun;
 
 namespace {
 
@@ -54,7 +55,7 @@ FlutterDesktopEngineRef FlutterDesktopEngineCreate(const FlutterDesktopEnginePro
 
 bool FlutterDesktopEngineDestroy(FlutterDesktopEngineRef engine) {
   FlutterDesktopEngine& own = engineRoom().engineBehind("FlutterDesktopEngineDestroy", engine);
-  if (own.isTaken) endRun("FlutterDesktopEngineDestroy", "the engine belongs to its view controller");
+  if (own.isTaken) stopRun("FlutterDesktopEngineDestroy", "the engine belongs to its view controller");
   engineRoom().endEngine(own);
   performance()->finish(nullptr);
   return true;
@@ -88,7 +89,7 @@ FlutterDesktopViewControllerRef FlutterDesktopViewControllerCreate(int width, in
   constexpr const char* call = "FlutterDesktopViewControllerCreate";
   if (engine == nullptr) return nullptr;
   FlutterDesktopEngine& own = engineRoom().engineBehind(call, engine);
-  if (own.isTaken) endRun(call, "the engine belongs to another view controller");
+  if (own.isTaken) stopRun(call, "the engine belongs to another view controller");
   own.isTaken = true;
   FlutterDesktopViewController& controller = engineRoom().makeController(own);
   controller.view.window = makeViewWindow(width, height);

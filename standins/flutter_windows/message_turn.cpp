@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "flutter_windows/engine_room.h"
 #include "flutter_windows/performance.h"
+#include "world/faults.h"
 
 namespace orvane::standins {
 namespace {
@@ -55,7 +55,7 @@ void startMessageTurns() {
   turnWindow =
       ::CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, description.hInstance, nullptr);
   if (turnWindow == nullptr || ::SetTimer(turnWindow, turnTimer, betweenTurnsMs, nullptr) == 0) {
-    endRun("FlutterDesktopViewControllerCreate", "no timer for the message loop");
+    simulation::stopRun("FlutterDesktopViewControllerCreate", "no timer for the message loop");
   }
 }
 

@@ -1,8 +1,10 @@
 // Messages between the host and the interface.
-#include "flutter_windows/engine_room.h"
 #include "flutter_windows/performance.h"
+#include "world/faults.h"
 
 using namespace orvane::standins;
+using orvane::simulation::Bytes;
+using orvane::simulation::stopRun;
 
 namespace {
 
@@ -58,17 +60,22 @@ FlutterDesktopMessengerRef FlutterDesktopMessengerAddRef(FlutterDesktopMessenger
 void FlutterDesktopMessengerRelease(FlutterDesktopMessengerRef messenger) {
   FlutterDesktopMessenger& own = behind("FlutterDesktopMessengerRelease", messenger);
   if (--own.references == 0 && own.engine != nullptr) {
-    endRun("FlutterDesktopMessengerRelease", "the engine's own reference");
+    stopRun("FlutterDesktopMessengerRelease", "the engine's own reference");
   }
 }
 
 FlutterDesktopMessengerRef FlutterDesktopMessengerLock(FlutterDesktopMessengerRef messenger) {
-  behind("FlutterDesktopMessengerLock", messenger).lock.lock();
+  FlutterDesktopMessenger& own = behind("FlutterDesktopMessengerLock", messenger);
+  own.lock.lock();
+  ++own.locks;
   return messenger;
 }
 
 void FlutterDesktopMessengerUnlock(FlutterDesktopMessengerRef messenger) {
-  behind("FlutterDesktopMessengerUnlock", messenger).lock.unlock();
+  FlutterDesktopMessenger& own = behind("FlutterDesktopMessengerUnlock", messenger);
+  if (own.locks == 0) stopRun("FlutterDesktopMessengerUnlock", "the messenger isn't locked");
+  --own.locks;
+  own.lock.unlock();
 }
 
 bool FlutterDesktopMessengerIsAvailable(FlutterDesktopMessengerRef messenger) {

@@ -12,6 +12,7 @@
 #include "flutter_windows/host_person.h"
 #include "flutter_windows/place_hook.h"
 #include "flutter_windows/view_window.h"
+#include "world/faults.h"
 
 namespace orvane::standins {
 namespace {
@@ -60,25 +61,33 @@ std::wstring lineFor(const simulation::Json& reply) {
   return wideFromUtf8(line);
 }
 
+// A use of the library that its contract forbids: says which, leaves the report and ends the process.
+void endAfterMisuse(std::string_view call, std::string_view what) {
+  const std::string misuse = std::string(call) + ": " + std::string(what);
+  std::fprintf(stderr, "flutter_windows: %s\n", misuse.c_str());
+  std::fflush(stderr);
+  if (onlyPerformance != nullptr) {
+    onlyPerformance->noteProblem(misuse);
+    onlyPerformance->writeReport();
+  }
+  ::TerminateProcess(::GetCurrentProcess(), exitCodeOfMisuse);
+}
+
 }  // namespace
 
 Performance& startPerformance(simulation::Scenario scenario) {
   delete std::exchange(onlyPerformance, nullptr);
   onlyPerformance = new Performance(std::move(scenario));
+  simulation::setStopHandler(&endAfterMisuse);
   return *onlyPerformance;
 }
 
 Performance* performance() { return onlyPerformance; }
 
-void endRun(const std::string& call, const std::string& what) {
-  std::fprintf(stderr, "flutter_windows: %s: %s\n", call.c_str(), what.c_str());
-  std::fflush(stderr);
-  if (onlyPerformance != nullptr) {
-    onlyPerformance->noteProblem(call + ": " + what);
-    onlyPerformance->writeReport();
-  }
-  ::TerminateProcess(::GetCurrentProcess(), exitCodeOfMisuse);
-  std::abort();
+simulation::EngineRoom& engineRoom() {
+  // Kept beyond the end of the process's statics: the host may still hold handles then.
+  static auto& room = *new simulation::EngineRoom;
+  return room;
 }
 
 Performance::Performance(simulation::Scenario scenario)
@@ -92,7 +101,7 @@ void Performance::openView(HWND view, int width, int height) {
   showProgress();
 }
 
-Bytes Performance::messageFromHost(const std::string& channel, const Bytes& message) {
+simulation::Bytes Performance::messageFromHost(const std::string& channel, const simulation::Bytes& message) {
   steps_.records().addCallFromHost(channel, message, steps_.nowMs());
   return simulation::emptySuccess();
 }

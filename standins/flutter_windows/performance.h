@@ -8,9 +8,9 @@
 
 #include "flutter_windows/browsers.h"
 #include "flutter_windows/end_state.h"
-#include "flutter_windows/engine_room.h"
 #include "flutter_windows/stage.h"
 #include "flutter_windows/steps.h"
+#include "windows/engine_room.h"
 
 namespace orvane::standins {
 
@@ -35,7 +35,7 @@ class Performance {
   void openView(HWND view, int width, int height);
 
   // A call of the host to the interface; the reply.
-  Bytes messageFromHost(const std::string& channel, const Bytes& message);
+  simulation::Bytes messageFromHost(const std::string& channel, const simulation::Bytes& message);
 
   // The next thing to do, out of the message loop, once the first frame has been shown.
   void takeTurn();
@@ -77,5 +77,8 @@ class Performance {
 // There is one of it in a process. Null until an engine is made.
 Performance& startPerformance(simulation::Scenario scenario);
 Performance* performance();
+
+// The library's engines, views and messages.
+simulation::EngineRoom& engineRoom();
 
 }  // namespace orvane::standins

@@ -6,10 +6,10 @@
 #include <variant>
 
 #include "browser/real_clipboard.h"
-#include "flutter_windows/engine_room.h"
 #include "flutter_windows/host_person.h"
 #include "flutter_windows/menu_person.h"
 #include "flutter_windows/message_turn.h"
+#include "flutter_windows/performance.h"
 #include "flutter_windows/place_hook.h"
 
 namespace orvane::standins {

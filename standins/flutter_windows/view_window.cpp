@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "flutter_windows/engine_room.h"
+#include "world/faults.h"
 
 namespace orvane::standins {
 namespace {
@@ -75,7 +75,7 @@ HWND makeViewWindow(int width, int height) {
   ::RegisterClassW(&description);  // fails harmlessly for a second view
   const HWND window = ::CreateWindowExW(0, viewClassName, L"", WS_CHILD | WS_VISIBLE, 0, 0, width, height, HWND_MESSAGE,
                                         nullptr, description.hInstance, nullptr);
-  if (window == nullptr) endRun("FlutterDesktopViewControllerCreate", "no window for the view");
+  if (window == nullptr) simulation::stopRun("FlutterDesktopViewControllerCreate", "no window for the view");
   return window;
 }
 

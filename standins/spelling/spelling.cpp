@@ -1,16 +1,13 @@
-#include <windows.h>
-// windows.h first: the next two build on it.
-#include <objidl.h>
-#include <spellcheck.h>
-
-#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "common/com_object.h"
 #include "common/scenario_of_run.h"
 #include "common/wide_text.h"
+#include "windows/spelling_lists.h"
 
 namespace orvane::standins {
 namespace {
@@ -21,9 +18,6 @@ using simulation::Text;
 constexpr CLSID factoryClass = {0x7AB36653, 0x1796, 0x484B, {0xBD, 0xFA, 0xE7, 0x4F, 0x1D, 0xB7, 0xC1, 0xDC}};
 constexpr IID factoryInterface = {0x8E018A9D, 0x2415, 0x4677, {0xBF, 0x08, 0x79, 0x4E, 0xA6, 0x1F, 0x94, 0xBB}};
 constexpr IID checkerInterface = {0xB6FD0B71, 0xE2BC, 0x4653, {0x8D, 0x05, 0xF1, 0x97, 0xE4, 0x12, 0x77, 0x0B}};
-constexpr IID errorInterface = {0xB7C82D61, 0xFBE8, 0x4B47, {0x9B, 0x27, 0x6C, 0x0D, 0x2E, 0x0D, 0xE0, 0xA3}};
-constexpr IID errorsInterface = {0x803E3BD4, 0x2828, 0x4410, {0x82, 0x90, 0x41, 0x8D, 0x1D, 0x73, 0xC7, 0x62}};
-constexpr IID stringsInterface = {0x00000101, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
 // What the scenario knows of languages; none when it can't be read.
 simulation::Spelling readSpelling() {
@@ -67,76 +61,40 @@ class Kept {
   const SpellingDictionary* what_;
 };
 
-// A string that the caller frees.
-LPOLESTR makeTaskString(const Text& text) {
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-  auto* const string = static_cast<LPOLESTR>(::CoTaskMemAlloc(bytes));
-  if (string != nullptr) std::memcpy(string, text.c_str(), bytes);
-  return string;
-}
+// No call fails.
+struct PlainServer {
+  template <typename Interface>
+  class Object : public ComObject<Interface> {
+   public:
+    using ComObject<Interface>::ComObject;
 
-// An error that takes up the whole text.
-class SpellingError final : public ComObject<ISpellingError> {
- public:
-  explicit SpellingError(ULONG textUnits) : ComObject(errorInterface), textUnits_(textUnits) {}
+   protected:
+    static std::optional<HRESULT> refusalOf(const char*, std::nullptr_t, std::nullptr_t) { return std::nullopt; }
+  };
 
-  HRESULT STDMETHODCALLTYPE get_StartIndex(ULONG* index) override { return give(ULONG{0}, index); }
-  HRESULT STDMETHODCALLTYPE get_Length(ULONG* length) override { return give(textUnits_, length); }
-  HRESULT STDMETHODCALLTYPE get_CorrectiveAction(CORRECTIVE_ACTION* action) override {
-    return give(CORRECTIVE_ACTION_GET_SUGGESTIONS, action);
-  }
-  HRESULT STDMETHODCALLTYPE get_Replacement(LPWSTR*) override { return E_NOTIMPL; }
-
- private:
-  template <typename Fact>
-  static HRESULT give(Fact fact, Fact* out) {
-    if (out == nullptr) return E_POINTER;
-    *out = fact;
-    return S_OK;
+  template <typename Made, typename... Arguments>
+  static Made* make(Arguments&&... arguments) {
+    return new Made(std::forward<Arguments>(arguments)...);
   }
 
-  ULONG textUnits_;
+  template <typename Value>
+  static HRESULT endInto(HRESULT result, Value* out) {
+    return standins::endInto(result, out);
+  }
+
+  // A string that the caller frees.
+  static LPWSTR makeTaskString(const Text& text) {
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    auto* const string = static_cast<LPWSTR>(::CoTaskMemAlloc(bytes));
+    if (string != nullptr) std::memcpy(string, text.c_str(), bytes);
+    return string;
+  }
+
+  static HRESULT answerUnused(const char*) { return E_NOTIMPL; }
 };
 
-class SpellingErrors final : public ComObject<IEnumSpellingError> {
- public:
-  SpellingErrors(bool isWrong, ULONG textUnits)
-      : ComObject(errorsInterface), hasNext_(isWrong), textUnits_(textUnits) {}
-
-  HRESULT STDMETHODCALLTYPE Next(ISpellingError** error) override {
-    if (error == nullptr) return E_POINTER;
-    if (!std::exchange(hasNext_, false)) return endInto(S_FALSE, error);
-    *error = new SpellingError(textUnits_);
-    return S_OK;
-  }
-
- private:
-  bool hasNext_;
-  ULONG textUnits_;
-};
-
-class StringList final : public ComObject<IEnumString> {
- public:
-  explicit StringList(std::vector<Text> strings) : ComObject(stringsInterface), strings_(std::move(strings)) {}
-
-  HRESULT STDMETHODCALLTYPE Next(ULONG count, LPOLESTR* strings, ULONG* fetched) override {
-    if (strings == nullptr) return E_POINTER;
-    if (count != 1 && fetched == nullptr) return E_INVALIDARG;
-    std::fill_n(strings, count, nullptr);
-    const auto given = static_cast<ULONG>(std::min<std::size_t>(count, strings_.size() - next_));
-    for (ULONG index = 0; index < given; ++index) strings[index] = makeTaskString(strings_[next_++]);
-    if (fetched != nullptr) *fetched = given;
-    return given == count ? S_OK : S_FALSE;
-  }
-
-  HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE Clone(IEnumString**) override { return E_NOTIMPL; }
-
- private:
-  std::vector<Text> strings_;
-  std::size_t next_ = 0;
-};
+using SpellingErrors = simulation::SpellingErrors<PlainServer>;
+using StringList = simulation::StringList<PlainServer>;
 
 // What the host asks of the checker.
 class SpellChecker final : public ComObject<ISpellChecker> {

@@ -64,9 +64,11 @@ INSTANTIATE_TEST_SUITE_P(Each, RemovalName,
                          testing::Values(NameRow{"Remove attachment report.pdf", true}, NameRow{"DELETE FILE", true},
                                          NameRow{"Clear file", true}, NameRow{"Clear all uploads", true},
                                          NameRow{"Delete upload", true}, NameRow{"File report.pdf: remove", true},
-                                         NameRow{"Clear profile of a page", false}, NameRow{"Remove", false},
-                                         NameRow{"Upload file", false}, NameRow{"Attachment", false},
-                                         NameRow{"Delete chat", false}, NameRow{"", false}));
+                                         NameRow{"Undelete file", true}, NameRow{"Autoremove: uploads", true},
+                                         NameRow{"Clear profile of a page", false}, NameRow{"Remove reupload", false},
+                                         NameRow{"Remove", false}, NameRow{"Upload file", false},
+                                         NameRow{"Attachment", false}, NameRow{"Delete chat", false},
+                                         NameRow{"", false}));
 
 TEST(AttachmentCleanup, PressesTheTenLatest_WhenTwelveMatch) {
   std::string buttons;

@@ -129,6 +129,21 @@ TEST(DecodingLimits, GrantNoMoreElementsThanTheMessageHasBytes) {
   EXPECT_EQ(third, 0U);
 }
 
+TEST(DecodingLimits, GrantAThousandLackingElements_ToContainersThatDeclareNoMore) {
+  DecodingLimits limits(10);
+
+  const bool isGrantedToTheLargest = limits.grantLackingElement(1000);
+  const bool isGrantedToALarger = limits.grantLackingElement(1001);
+  int granted = 1;
+  while (granted < 2000 && limits.grantLackingElement(1)) {
+    ++granted;
+  }
+
+  EXPECT_TRUE(isGrantedToTheLargest);
+  EXPECT_FALSE(isGrantedToALarger);
+  EXPECT_EQ(granted, 1000);
+}
+
 TEST(DecodingLimits, StayExceeded_AfterTheLevelTooDeepHasEnded) {
   DecodingLimits limits(0);
   const auto nest = [&limits](int depth, const auto& self) -> void {

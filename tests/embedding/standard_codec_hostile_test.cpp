@@ -41,6 +41,15 @@ TEST(HostileMessage, CostsNoMoreThanItsLength_WhenAMapDeclaresABillion) {
   EXPECT_EQ(lines, Lines{invalidRead});
 }
 
+TEST(HostileMessage, GetsAThousandNullsAtMost_WhenNestedListsEachLackAThousand) {
+  constexpr std::size_t depth = 10;
+  Lines lines;
+
+  readWithLines(repeated(depth, Bytes{12, 254, 0xE8, 0x03}), lines);
+
+  EXPECT_EQ(lines, Lines(1000 + depth - 1, invalidRead));
+}
+
 template <typename Sequence>
 void expectEmpty(std::uint8_t tag) {
   for (const Bytes& size : {billion, largestSize}) {

@@ -255,7 +255,8 @@ def malformed_messages():
     answered(url, PLAIN_FAILURE, INVALID_READ)
     answered(url + "0f", PLAIN_FAILURE, UNKNOWN_TYPE + "15")
     answered(url + "0301", PLAIN_FAILURE, INVALID_READ)
-    answered(url + "0d02" + text_bytes("url") + text_bytes("https://example.org"), {"success": True}, INVALID_READ)
+    answered(url + "0d02" + text_bytes("url") + text_bytes("https://example.org"), {"success": True},
+             INVALID_READ, INVALID_READ)
     answered(url + one_entry, PLAIN_FAILURE, INVALID_READ)
     answered(url + one_entry + text_bytes("https://example.org") + "ffff", {"success": True})
     # A billion elements, and nothing behind them.
