@@ -31,9 +31,10 @@ void removeForegroundHook() {
 
 FlutterWindow::FlutterWindow(const DartProject& project) : project_(project) {}
 
-// A loop that ended without closing the window leaves the view to this. The view's end sends messages
+// A loop that ended without closing the window leaves hook and view to this. The view's end sends messages
 // to the window around it, which must find no controller any more: reset() forgets it first.
 FlutterWindow::~FlutterWindow() {
+  removeForegroundHook();
   windowChannel_.reset();
   browserChannel_.reset();
   controller_.reset();
