@@ -45,7 +45,8 @@ Json CallRecords::replyValue(const std::string& reference) const {
   const std::size_t point = reference.find('.');
   const std::string name = reference.substr(0, point);
   const std::string key = reference.substr(point + 1);
-  for (const Json& reply : replies_) {
+  for (std::size_t index = replies_.size(); index > 0; --index) {
+    const Json& reply = replies_[index - 1];
     if (reply.at("as") != name) continue;
     const Json& value = reply.at("value");
     return value.is_object() && value.contains(key) ? value.at(key) : Json(nullptr);

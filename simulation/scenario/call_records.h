@@ -27,7 +27,7 @@ class CallRecords {
   // Forgets all replies but the newest.
   void keepNewest(std::size_t count);
 
-  // "NAME.KEY": the value under KEY in the map of an earlier reply; null when there is none.
+  // "NAME.KEY": the value under KEY in the map of the last reply of that name; null when there is none.
   Json replyValue(const std::string& reference) const;
 
   const Json& replies() const { return replies_; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace orvane::simulation {
@@ -73,6 +74,13 @@ std::string Node::nonEmptyText() const {
 }
 
 std::int64_t Node::whole(std::int64_t least, std::int64_t most) const {
+  // A number with a point may be whole too.
+  constexpr double greatestExact = 0x1p53;
+  if (json_->is_number_float() && std::trunc(json_->get<double>()) == json_->get<double>() &&
+      std::abs(json_->get<double>()) <= greatestExact) {
+    const Json number = static_cast<std::int64_t>(json_->get<double>());
+    return Node(number, path_).whole(least, most);
+  }
   if (!json_->is_number_integer()) fail("must be a whole number");
   const bool isTooBig =
       json_->is_number_unsigned() &&

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <regex>
 
+#include "world/text.h"
+
 namespace orvane::simulation {
 namespace {
 
@@ -33,12 +35,28 @@ bool hasNumberTooGreat(const std::string& pattern) {
   return false;
 }
 
+// Units of UTF-16, as ECMAScript counts them.
+std::wstring unitsOf(const std::string& utf8) {
+  const Text text = textFromUtf8(utf8);
+  return {text.begin(), text.end()};
+}
+
+// The pattern behind any start, so that one pass over the text looks for it everywhere.
+std::wstring searching(const std::string& pattern) { return L"[\\s\\S]*?(?:" + unitsOf(pattern) + L")"; }
+
+constexpr auto ecmaScript = std::regex_constants::ECMAScript;
+// Follows all ways through the pattern side by side: neither the time nor the stack that it takes
+// grows with the ways. It knows no reference to a group.
+constexpr auto sideBySide = ecmaScript | std::regex_constants::__polynomial;
+// The other way takes a frame of the stack for each unit.
+constexpr std::size_t longestTextWithReferences = 4000;
+
 }  // namespace
 
 bool isRegularExpression(const std::string& pattern) {
   if (hasNumberTooGreat(pattern)) return false;
   try {
-    const std::regex compiled(pattern);
+    const std::wregex compiled(unitsOf(pattern), ecmaScript);
     return true;
   } catch (const std::regex_error&) {
     return false;
@@ -46,7 +64,15 @@ bool isRegularExpression(const std::string& pattern) {
 }
 
 bool isFound(const std::string& pattern, const std::string& text) {
-  return std::regex_search(text, std::regex(pattern));
+  const std::wstring units = unitsOf(text);
+  constexpr auto fromTheStart = std::regex_constants::match_continuous;
+  try {
+    return std::regex_search(units, std::wregex(searching(pattern), sideBySide), fromTheStart);
+  } catch (const std::regex_error& error) {
+    if (error.code() != std::regex_constants::error_complexity) throw;
+  }
+  return units.size() <= longestTextWithReferences &&
+         std::regex_search(units, std::wregex(searching(pattern), ecmaScript), fromTheStart);
 }
 
 }  // namespace orvane::simulation

@@ -182,7 +182,6 @@ ElementPlan readElement(const Node& node, std::set<std::string>& ids, References
   ElementPlan plan;
   plan.facts = defaultFacts(node.has("type") ? readType(node.at("type")) : control_type::pane);
   for (const Change& change : changes) change(plan.facts);
-  if (!node.has("acceptsFocus")) plan.facts.acceptsFocus = plan.facts.focusable;
   plan.hasBounds = node.has("bounds");
   if (const auto id = node.find("id")) {
     plan.facts.id = id->nonEmptyText();

@@ -18,9 +18,6 @@ std::string declareReply(const Node& step, std::size_t place, References& refere
   const auto as = step.find("as");
   std::string name = as ? as->nonEmptyText() : std::to_string(place);
   if (name.find('.') != std::string::npos) as->fail("must not have a point");
-  if (references.isDeclared(References::Kind::reply, name)) {
-    (as ? *as : step).fail("there is an earlier reply \"" + name + "\"");
-  }
   references.declare(References::Kind::reply, name);
   return name;
 }
@@ -87,7 +84,8 @@ Json readMessageParameter(const Node& node, References& references) {
     node.requireKeys({"$window"});
     readWindowName(node.at("$window"), references);
   } else {
-    node.whole(std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max());
+    if (!node.json().is_number_unsigned())
+      node.whole(std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max());
   }
   return node.json();
 }

@@ -81,7 +81,8 @@ void readTree(const Node& node, WindowPlan& plan, References& references) {
   std::set<std::string> ids;
   const auto tabs = node.find("tabs");
   if (!tabs) {
-    if (node.has("addressBar")) node.at("addressBar").fail("only a window with tabs has one");
+    const auto bar = node.find("addressBar");
+    if (bar && !bar->isNull()) bar->fail("only a window with tabs has one");
     if (const auto elements = node.find("elements")) plan.elements = readElements(*elements, ids, references);
     return;
   }

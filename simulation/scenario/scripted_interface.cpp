@@ -21,6 +21,8 @@ ScriptedInterface::ScriptedInterface(const Scenario& scenario, Desktop& desktop)
 
 bool ScriptedInterface::performStep() {
   if (!hasBegun_) begin();
+  // What it posts to the host is handled in front of the step.
+  if (desktop_.clock().runDueEvents()) return true;
   if (nextStep_ == scenario_.steps.size()) return false;
   std::visit([this](const auto& step) { perform(step); }, scenario_.steps[nextStep_++]);
   return true;
@@ -34,7 +36,7 @@ void ScriptedInterface::stepsDone() {
 void ScriptedInterface::begin() {
   hasBegun_ = true;
   const DesktopPlan& plan = scenario_.desktop;
-  if (plan.setsForeground) desktop_.moveForeground(plan.foreground ? &windowOf(*plan.foreground) : nullptr);
+  if (plan.setsForeground) desktop_.moveForeground(plan.foreground ? desktop_.windowById(*plan.foreground) : nullptr);
   if (record_ != nullptr) record_->begin();
   desktop_.startRules();
 }
@@ -55,33 +57,45 @@ void ScriptedInterface::perform(const step::Bytes& step) {
 
 void ScriptedInterface::perform(const step::Wait& step) { desktop_.clock().sleep(step.ms); }
 
+// What acts on a window that has gone does nothing, as rule actions do.
 void ScriptedInterface::perform(const step::BringForward& step) {
   if (!step.window) return desktop_.moveForeground(nullptr);
-  Window& window = windowOf(*step.window);
+  Window* const window = desktop_.windowById(*step.window);
+  if (window == nullptr) return;
   // A person can't bring a minimised window up without restoring it.
-  if (!window.ofHost) window.minimized = false;
-  desktop_.moveForeground(&window);
+  if (!window->ofHost) window->minimized = false;
+  desktop_.moveForeground(window);
 }
 
-void ScriptedInterface::perform(const step::Close& step) { desktop_.closeByPerson(windowOf(step.window)); }
+void ScriptedInterface::perform(const step::Close& step) {
+  if (Window* const window = desktop_.windowById(step.window)) desktop_.closeByPerson(*window);
+}
 
-void ScriptedInterface::perform(const step::Minimize& step) { desktop_.minimizeByPerson(windowOf(step.window)); }
+void ScriptedInterface::perform(const step::Minimize& step) {
+  if (Window* const window = desktop_.windowById(step.window)) desktop_.minimizeByPerson(*window);
+}
 
 void ScriptedInterface::perform(const step::Resize& step) {
-  desktop_.resizeByPerson(windowOf(step.window), step.bounds);
+  if (Window* const window = desktop_.windowById(step.window)) desktop_.resizeByPerson(*window, step.bounds);
 }
 
 void ScriptedInterface::perform(const step::ChooseMenu& step) { desktop_.nextMenuChoice = step.entry; }
 
-void ScriptedInterface::perform(const step::SwitchTab& step) { desktop_.switchTab(windowOf(step.window), step.title); }
+void ScriptedInterface::perform(const step::SwitchTab& step) {
+  if (Window* const window = desktop_.windowById(step.window)) desktop_.switchTab(*window, step.title);
+}
 
 void ScriptedInterface::perform(const step::Post& step) {
-  platform_->post(windowOf(step.window), step.message, static_cast<std::uint64_t>(messageParameter(step.wParam)),
-                  messageParameter(step.lParam));
+  if (Window* const window = desktop_.windowById(step.window)) {
+    platform_->post(*window, step.message, messageParameter(step.wParam),
+                    static_cast<std::int64_t>(messageParameter(step.lParam)));
+  }
 }
 
 void ScriptedInterface::perform(const step::Do& step) {
-  desktop_.perform(step.actions, step.window ? &windowOf(*step.window) : nullptr, nullptr);
+  Window* const window = step.window ? desktop_.windowById(*step.window) : nullptr;
+  if (step.window && window == nullptr) return;
+  desktop_.perform(step.actions, window, nullptr);
 }
 
 void ScriptedInterface::send(const std::string& channel, const Bytes& message, const std::string& as,
@@ -96,15 +110,11 @@ void ScriptedInterface::send(const std::string& channel, const Bytes& message, c
   if (hasStepTimes(record["value"], traceTimes())) record["stepMs"] = traceTimes();
 }
 
-Window& ScriptedInterface::windowOf(const std::string& id) {
-  Window* window = desktop_.windowById(id);
-  if (window == nullptr) stopRun("scenario", "a step acts on the window \"" + id + "\", which isn't there");
-  return *window;
-}
-
-std::int64_t ScriptedInterface::messageParameter(const Json& parameter) const {
-  if (!parameter.is_object()) return parameter.get<std::int64_t>();
-  return static_cast<std::int64_t>(desktop_.handleOfId(parameter.at("$window").get<std::string>()));
+// 64 bits, however they are meant.
+std::uint64_t ScriptedInterface::messageParameter(const Json& parameter) const {
+  if (parameter.is_object()) return desktop_.handleOfId(parameter.at("$window").get<std::string>());
+  if (parameter.is_number_unsigned()) return parameter.get<std::uint64_t>();
+  return static_cast<std::uint64_t>(parameter.get<std::int64_t>());
 }
 
 }  // namespace orvane::simulation

@@ -49,8 +49,7 @@ class ScriptedInterface : public InterfaceScript {
   void perform(const step::Do& step);
 
   void send(const std::string& channel, const Bytes& message, const std::string& as, const Json& method);
-  Window& windowOf(const std::string& id);
-  std::int64_t messageParameter(const Json& parameter) const;
+  std::uint64_t messageParameter(const Json& parameter) const;
 
   const Scenario& scenario_;
   Desktop& desktop_;

@@ -16,6 +16,7 @@ namespace {
 struct OpenedClipboard {
   bool isOpen = false;
   bool wasEmptied = false;
+  bool isLeftOpen = false;  // a close that was refused
   HWND owner = nullptr;
   std::map<UINT, HGLOBAL> blocks;  // lent out or taken over, by format
 };
@@ -48,7 +49,9 @@ BOOL OpenClipboard(HWND owner) {
   PlatformState& state = stateFor("OpenClipboard");
   const Window* const window = state.liveWindow(owner);
   if (const auto fault = enter("OpenClipboard", window)) return faulted<BOOL>(*fault);
-  if (opened().isOpen) stopRun("OpenClipboard", "it is open already");
+  if (opened().isOpen && !opened().isLeftOpen) stopRun("OpenClipboard", "it is open already");
+  // Who has it may open it again.
+  if (opened().isOpen) return opened().owner == owner ? TRUE : failWith(ERROR_ACCESS_DENIED, FALSE);
   if (owner != nullptr && window == nullptr) return failWith(ERROR_INVALID_WINDOW_HANDLE, FALSE);
   if (window != nullptr && !window->ofHost) stopRun("OpenClipboard", "another program's window isn't modelled");
   if (state.desktop.clipboard.content.lockedBy) return failWith(ERROR_ACCESS_DENIED, FALSE);
@@ -59,7 +62,10 @@ BOOL OpenClipboard(HWND owner) {
 }
 
 BOOL CloseClipboard() {
-  if (const auto fault = enter("CloseClipboard")) return faulted<BOOL>(*fault);
+  if (const auto fault = enter("CloseClipboard")) {
+    opened().isLeftOpen = opened().isOpen;
+    return faulted<BOOL>(*fault);
+  }
   if (!opened().isOpen) return failWith(ERROR_CLIPBOARD_NOT_OPEN, FALSE);
   dropBlocks("CloseClipboard");
   opened() = {};

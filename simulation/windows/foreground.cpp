@@ -11,11 +11,17 @@ using namespace orvane::simulation;
 
 namespace {
 
-bool isKnownThread(PlatformState& state, DWORD threadId) {
-  if (threadId == threadIdOf(Clock::currentThread())) return true;
+// A window of the thread; null where it has none.
+const Window* windowOfThread(PlatformState& state, DWORD threadId) {
   const auto& windows = state.desktop.allWindows();
-  return std::any_of(windows.begin(), windows.end(),
-                     [threadId](const auto& window) { return !window->destroyed && window->threadId == threadId; });
+  const auto found = std::find_if(windows.begin(), windows.end(), [threadId](const auto& window) {
+    return !window->destroyed && window->threadId == threadId;
+  });
+  return found == windows.end() ? nullptr : found->get();
+}
+
+bool isKnownThread(PlatformState& state, DWORD threadId) {
+  return threadId == threadIdOf(Clock::currentThread()) || windowOfThread(state, threadId) != nullptr;
 }
 
 // Activation and focus reach the windows of the calling thread and of those attached to it.
@@ -76,7 +82,7 @@ HWND SetFocus(HWND window) {
 
 BOOL GetGUIThreadInfo(DWORD threadId, LPGUITHREADINFO info) {
   PlatformState& state = stateFor("GetGUIThreadInfo");
-  if (const auto fault = enter("GetGUIThreadInfo")) return faulted<BOOL>(*fault);
+  if (const auto fault = enter("GetGUIThreadInfo", windowOfThread(state, threadId))) return faulted<BOOL>(*fault);
   if (threadId == 0) stopRun("GetGUIThreadInfo", "the thread in front isn't modelled");
   if (info == nullptr || info->cbSize != sizeof(GUITHREADINFO) || !isKnownThread(state, threadId)) {
     return failWith(ERROR_INVALID_PARAMETER, FALSE);
@@ -98,7 +104,9 @@ BOOL ReleaseCapture() {
 
 BOOL AttachThreadInput(DWORD from, DWORD to, BOOL attaches) {
   PlatformState& state = stateFor("AttachThreadInput");
-  if (const auto fault = enter("AttachThreadInput")) return faulted<BOOL>(*fault);
+  // It is about the other thread's window; the caller gives its own thread first or second.
+  const Window* const window = windowOfThread(state, from == threadIdOf(Clock::currentThread()) ? to : from);
+  if (const auto fault = enter("AttachThreadInput", window)) return faulted<BOOL>(*fault);
   auto& attached = state.input.attached;
   if (attaches != FALSE) {
     if (from == to || !isKnownThread(state, from) || !isKnownThread(state, to)) {

@@ -30,6 +30,9 @@ HGLOBAL makeBlock(std::size_t sizeBytes, bool isClipboards) {
   return handle;
 }
 
+// A block whose unlocking was refused stays locked by no fault of the host's.
+bool isLockedByMistake(const GlobalBlock& block) { return block.locks != 0 && !block.isLeftLocked; }
+
 }  // namespace
 
 HGLOBAL makeClipboardBlock(std::span<const std::uint8_t> bytes) {
@@ -56,7 +59,7 @@ void handToClipboard(GlobalBlock& block) {
 }
 
 void dropClipboardBlock(std::string_view call, HGLOBAL handle) {
-  if (globalBlockFor(call, handle).locks != 0) stopRun(call, "a block is still locked");
+  if (isLockedByMistake(globalBlockFor(call, handle))) stopRun(call, "a block is still locked");
   globalBlocks().erase(handle);
 }
 
@@ -77,7 +80,7 @@ HGLOBAL GlobalFree(HGLOBAL block) {
   if (block == nullptr) return nullptr;
   const GlobalBlock& freed = globalBlockFor("GlobalFree", block);
   if (freed.isClipboards) stopRun("GlobalFree", "a block that belongs to the clipboard");
-  if (freed.locks != 0) stopRun("GlobalFree", "a block that is still locked");
+  if (isLockedByMistake(freed)) stopRun("GlobalFree", "a block that is still locked");
   globalBlocks().erase(block);
   holdNow(held_kind::globalBlocks, -1);
   return nullptr;
@@ -99,8 +102,11 @@ LPVOID GlobalLock(HGLOBAL block) {
 }
 
 BOOL GlobalUnlock(HGLOBAL block) {
-  if (const auto fault = enter("GlobalUnlock")) return faulted<BOOL>(*fault);
   GlobalBlock& found = globalBlockFor("GlobalUnlock", block);
+  if (const auto fault = enter("GlobalUnlock")) {
+    found.isLeftLocked = true;
+    return faulted<BOOL>(*fault);
+  }
   if (found.locks == 0) stopRun("GlobalUnlock", "a block that isn't locked");
   --found.locks;
   setLastError(ERROR_SUCCESS);

@@ -16,6 +16,7 @@ struct GlobalBlock {
   std::unique_ptr<std::byte[]> memory;  // null for a block without a byte
   std::size_t sizeBytes = 0;
   int locks = 0;
+  bool isLeftLocked = false;  // an unlocking was refused
   bool isClipboards = false;  // the clipboard owns it, and the host may only look at it
 };
 

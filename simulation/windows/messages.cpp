@@ -3,6 +3,7 @@
 #include "windows/activation.h"
 #include "windows/call.h"
 #include "windows/painting.h"
+#include "windows/show_state.h"
 #include "windows/state.h"
 #include "windows/window_life.h"
 
@@ -29,8 +30,24 @@ void dragCaption(PlatformState& state, const Window& window) {
   sendMessage(state, window, WM_EXITSIZEMOVE, 0, 0);
 }
 
-LRESULT performSystemCommand(PlatformState& state, const Window& window, WPARAM command) {
-  if (command != (SC_MOVE | HTCAPTION)) stopRun("WM_SYSCOMMAND", "anything but the caption's drag isn't modelled");
+// What the window's menu and its task bar button send; the others need a mouse or keys.
+enum class SystemCommand : WPARAM { minimize = 0xF020, close = 0xF060, restore = 0xF120 };
+
+LRESULT performSystemCommand(PlatformState& state, Window& window, WPARAM command) {
+  constexpr WPARAM kind = 0xFFF0;  // the four low bits are the platform's own
+  switch (static_cast<SystemCommand>(command & kind)) {
+    case SystemCommand::close:
+      return sendMessage(state, window, WM_CLOSE, 0, 0);
+    case SystemCommand::minimize:
+      changeShowState(state, window, SW_MINIMIZE, "WM_SYSCOMMAND");
+      return 0;
+    case SystemCommand::restore:
+      changeShowState(state, window, SW_RESTORE, "WM_SYSCOMMAND");
+      return 0;
+    default:
+      break;
+  }
+  if (command != (SC_MOVE | HTCAPTION)) stopRun("WM_SYSCOMMAND", "a command that isn't modelled");
   dragCaption(state, window);
   return 0;
 }

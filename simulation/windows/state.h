@@ -66,6 +66,7 @@ struct InputQueue {
 struct KernelObject {
   bool isProcess = false;
   Text imagePath;
+  const Window* window = nullptr;  // one of the process's; null for a thread and where it has none
 };
 
 // A COM object of ours. Its memory stays when its last reference has gone, so that a call through a

@@ -60,16 +60,17 @@ HANDLE OpenProcess(DWORD access, BOOL inherits, DWORD processId) {
   if (access != PROCESS_QUERY_LIMITED_INFORMATION || inherits != FALSE) {
     stopRun("OpenProcess", "access other than PROCESS_QUERY_LIMITED_INFORMATION isn't modelled");
   }
-  if (processId == hostProcessId) return openObject(state, {true, Text(hostImagePath)});
+  if (processId == hostProcessId) return openObject(state, {true, Text(hostImagePath), window});
   if (window == nullptr) return failWith<HANDLE>(ERROR_INVALID_PARAMETER);
-  return openObject(state, {true, window->path});
+  return openObject(state, {true, window->path, window});
 }
 
 BOOL QueryFullProcessImageNameW(HANDLE process, DWORD flags, LPWSTR path, LPDWORD size) {
   PlatformState& state = stateFor("QueryFullProcessImageNameW");
-  if (const auto fault = enter("QueryFullProcessImageNameW")) return faulted<BOOL>(*fault);
-  if (flags != 0) stopRun("QueryFullProcessImageNameW", "an unknown flag");
   const auto found = state.kernelObjects.find(process);
+  const Window* const window = found == state.kernelObjects.end() ? nullptr : found->second.window;
+  if (const auto fault = enter("QueryFullProcessImageNameW", window)) return faulted<BOOL>(*fault);
+  if (flags != 0) stopRun("QueryFullProcessImageNameW", "an unknown flag");
   if (found == state.kernelObjects.end() || !found->second.isProcess) return failWith(ERROR_INVALID_HANDLE, FALSE);
   const std::wstring image = wideFromText(found->second.imagePath);
   if (*size < image.size() + 1) return failWith(ERROR_INSUFFICIENT_BUFFER, FALSE);

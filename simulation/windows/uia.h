@@ -19,7 +19,7 @@ using SharedTest = std::shared_ptr<const ConditionTest>;
 // Each with one reference that goes to the host.
 IUIAutomation* makeAutomation();
 IUIAutomationElement* makeElement(Element& element);
-IUIAutomationElementArray* makeElementArray(std::vector<Element*> elements);
+IUIAutomationElementArray* makeElementArray(const Window& window, std::vector<Element*> elements);
 
 // The pattern behind an element; null when it hasn't got it. A pair of pattern and interface that
 // isn't modelled ends the run.

@@ -11,11 +11,11 @@ namespace {
 
 class ElementArray final : public ComObject<IUIAutomationElementArray> {
  public:
-  explicit ElementArray(std::vector<Element*> elements)
-      : ComObject(IID_IUIAutomationElementArray), elements_(std::move(elements)) {}
+  ElementArray(const Window& window, std::vector<Element*> elements)
+      : ComObject(IID_IUIAutomationElementArray), window_(window), elements_(std::move(elements)) {}
 
   HRESULT get_Length(int* length) override {
-    if (const auto refused = refusalOf("IUIAutomationElementArray::get_Length", nullptr, nullptr)) {
+    if (const auto refused = refusalOf("IUIAutomationElementArray::get_Length", &window_, nullptr)) {
       return endInto(*refused, length);
     }
     if (length == nullptr) return E_POINTER;
@@ -37,6 +37,7 @@ class ElementArray final : public ComObject<IUIAutomationElementArray> {
   }
 
  private:
+  const Window& window_;  // that was searched
   std::vector<Element*> elements_;
 };
 
@@ -67,7 +68,7 @@ class ElementObject final : public ElementSlots<ComObject<IUIAutomationElement>>
     for (Element* each : desktop_.descendants(element_)) {
       if (test->accepts(desktop_.factsOf(*each))) matches.push_back(each);
     }
-    *found = makeElementArray(std::move(matches));
+    *found = makeElementArray(*element_.window, std::move(matches));
     return S_OK;
   }
 
@@ -183,8 +184,8 @@ class ElementObject final : public ElementSlots<ComObject<IUIAutomationElement>>
 
 IUIAutomationElement* makeElement(Element& element) { return makeComObject<ElementObject>(element); }
 
-IUIAutomationElementArray* makeElementArray(std::vector<Element*> elements) {
-  return makeComObject<ElementArray>(std::move(elements));
+IUIAutomationElementArray* makeElementArray(const Window& window, std::vector<Element*> elements) {
+  return makeComObject<ElementArray>(window, std::move(elements));
 }
 
 Element* elementBehind(IUIAutomationElement* element) {

@@ -70,7 +70,7 @@ void Desktop::factWasRead(Element& element) { fireOn(element, Trigger::Kind::rea
 
 std::uint32_t Desktop::setFocus(Element& element) {
   if (!isAvailable(element)) return elementNotAvailable;
-  if (!element.facts.acceptsFocus) return invalidOperation;
+  if (!element.facts.acceptsFocus.value_or(element.facts.focusable)) return invalidOperation;
   moveFocus(*element.window, &element);
   fireOn(element, Trigger::Kind::focus);
   return succeeded;

@@ -114,6 +114,17 @@ void Clock::schedule(std::int64_t atMs, std::function<void()> act) {
   state_->events.emplace(Moment{std::max(atMs, state_->nowMs), state_->nextOrder++}, std::move(act));
 }
 
+bool Clock::runDueEvents() {
+  bool hasRun = false;
+  std::unique_lock lock(state_->mutex);
+  while (!state_->events.empty() && state_->events.begin()->first.atMs <= state_->nowMs) {
+    state_->runEvent(lock);
+    lock.lock();
+    hasRun = true;
+  }
+  return hasRun;
+}
+
 void Clock::sleep(std::int64_t ms) {
   if (isInEvent) stopRun("Clock::sleep", "what happens in the world at one moment can't wait");
   Waiter self;

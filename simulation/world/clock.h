@@ -21,6 +21,9 @@ class Clock {
   // Runs `act` once at `atMs` (at once in its turn if that has passed), on whichever thread waits.
   void schedule(std::int64_t atMs, std::function<void()> act);
 
+  // Runs the events that are due by now, without a wait. False when there is none.
+  bool runDueEvents();
+
   // The calling simulated thread waits; events and other threads due by then have their turn.
   // A wait of 0 lets what is due now happen.
   void sleep(std::int64_t ms);

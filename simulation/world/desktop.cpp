@@ -33,9 +33,14 @@ constexpr std::uint64_t handleStep = 0x22;
 constexpr std::uint32_t processIdStep = 4;
 constexpr std::uint32_t threadIdOffset = 10001;
 
+// Image names have no case.
+bool hasSameName(std::string_view process, std::string_view other) {
+  return foldAscii(textFromUtf8(process)) == foldAscii(textFromUtf8(other));
+}
+
 const Product* productOf(std::string_view process) {
   const auto found = std::find_if(products.begin(), products.end(),
-                                  [process](const Product& product) { return product.process == process; });
+                                  [process](const Product& product) { return hasSameName(product.process, process); });
   return found == products.end() ? nullptr : &*found;
 }
 
@@ -48,7 +53,7 @@ Text productName(const std::string& process) {
 
 Text imagePath(const WindowPlan& plan) {
   if (plan.path) return *plan.path;
-  if (plan.process == hostProcess) return Text(hostImagePath);
+  if (hasSameName(plan.process, hostProcess)) return Text(hostImagePath);
   return u"C:\\Program Files\\" + stemOf(plan.process) + u"\\" + textFromUtf8(plan.process);
 }
 

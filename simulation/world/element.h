@@ -52,7 +52,7 @@ struct ElementFacts {
   bool enabled = true;
   bool offscreen = false;
   bool focusable = false;
-  bool acceptsFocus = false;
+  std::optional<bool> acceptsFocus;  // nullopt: as `focusable` is
   bool password = false;
   bool hasValuePattern = false;
   std::optional<Text> value;             // with the pattern: nullopt is a null string

@@ -107,4 +107,12 @@ std::string utf8FromText(TextView text) {
   return utf8;
 }
 
+Text foldAscii(TextView text) {
+  Text folded(text);
+  for (char16_t& unit : folded) {
+    if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit + (u'a' - u'A'));
+  }
+  return folded;
+}
+
 }  // namespace orvane::simulation

@@ -15,4 +15,7 @@ Text textFromUtf8(std::string_view utf8);
 // Lone surrogate halves become U+FFFD.
 std::string utf8FromText(TextView text);
 
+// A to Z in small letters, all else as it is.
+Text foldAscii(TextView text);
+
 }  // namespace orvane::simulation

@@ -173,8 +173,7 @@ class Refusals(PageTest):
         self.assertFalse(self.page.exists())
 
     def test_run_without_a_report_leaves_what_was_there(self):
-        stopped = self.scenario({"desktop": {"windows": [{"id": "a"}]}, "steps": [
-            {"do": [{"closeWindow": "a"}], "window": "a"}, {"user": {"minimize": "a"}}]})
+        stopped = self.scenario({"steps": [{"post": {"window": "main", "message": 0x112, "wParam": 0xF010}}]})
         self.refuse("--html", self.page, stopped, status=1)
         self.assertFalse(self.page.exists())
         self.page.write_text("of another day", encoding="utf-8")

@@ -43,6 +43,11 @@ TEST_F(BrowserTest, Names_FollowTheSelectedTab) {
   EXPECT_EQ(value("w", "addressBar"), "two.example");
 }
 
+TEST_F(BrowserTest, Browser_IsKnownWhateverTheCaseOfItsImage) {
+  build(R"({"windows":[{"id":"e","process":"MSEdge.EXE","tabs":[{"title":"One","selected":true}]}]})");
+  EXPECT_EQ(utf8FromText(desktop.windowTitle(window("e"))), "One - Microsoft Edge");
+}
+
 TEST_F(BrowserTest, Page_LeavesTheTree_WhenAnotherTabIsSelected) {
   Element& edit = element("w", "edit");
   EXPECT_TRUE(desktop.isAvailable(edit));

@@ -34,6 +34,8 @@ const Row rows[] = {
     {"ListIsWhole", R"({"l":[1]})", R"({"l":[1,2]})", {"l: expected 1 items, came 2: expected [1], came [1,2]"}},
     {"PatternIsFound", R"({"a":"~b+c$"})", R"({"a":"abbc"})", {}},
     {"PatternIsNotFound", R"({"a":"~^b"})", R"({"a":"abbc"})", {R"(a: expected "~^b", came "abbc")"}},
+    {"PatternCountsUnitsOfUtf16", R"({"a":"~^.[éü]..$"})", R"({"a":"豆é😀"})", {}},
+    {"PatternRefersToItsGroup", R"({"a":"~^(a.)\\1$"})", R"({"a":"abab"})", {}},
     {"PatternOfNoText", R"({"a":"~1"})", R"({"a":1})", {R"(a: expected "~1", came 1)"}},
     {"AbsentCountIsZero", R"({"platformCalls":{"SendInput":0}})", R"({"platformCalls":{}})", {}},
     {"AbsentCountIsNotOne",
@@ -42,6 +44,26 @@ const Row rows[] = {
      {"desktop.invoked.w/x: expected 1, came nothing"}},
     {"SeveralFailures", R"({"a":1,"b":2})", R"({"a":2,"b":1})", {"a: expected 1, came 2", "b: expected 2, came 1"}},
 };
+
+Failures failuresOf(const std::string& pattern, const std::string& text) {
+  return compareWithExpectation(Json{{"a", pattern}}, Json{{"a", text}});
+}
+
+TEST(Pattern, IsComparedWithALongText_InShortTime) {
+  const std::string hex = "00" + std::string(200'000, 'a') + "01";
+  EXPECT_EQ(failuresOf("~^00.*01$", hex), Failures{});
+  EXPECT_EQ(failuresOf("~(a )+01$|[0-9a-f]+$", hex), Failures{});
+  EXPECT_EQ(failuresOf("~02$", hex).size(), 1u);
+}
+
+TEST(Pattern, IsComparedInShortTime_WhenThePatternHasManyWays) {
+  EXPECT_EQ(failuresOf("~^(a+)+b$", std::string(5'000, 'a')).size(), 1u);
+}
+
+TEST(Pattern, IsNotFoundInALongText_WhenThePatternRefersToItsGroup) {
+  EXPECT_EQ(failuresOf("~^(a)\\1", std::string(4'000, 'a')), Failures{});
+  EXPECT_EQ(failuresOf("~^(a)\\1", std::string(4'001, 'a')).size(), 1u);
+}
 
 INSTANTIATE_TEST_SUITE_P(Rows, Expectation, ::testing::ValuesIn(rows), [](const auto& row) { return row.param.name; });
 

@@ -163,6 +163,15 @@ TEST_F(RulesTest, Set_ChangesFactsAndTakesThemAway) {
   EXPECT_EQ(value("w", "addressBar"), "shown");
 }
 
+TEST_F(RulesTest, AcceptingTheFocus_FollowsFocusable_UntilItIsSaid) {
+  buildTab(R"([{"on":{"key":"Enter"},"do":[{"set":{"element":"edit","focusable":false}}]},
+               {"on":{"key":"Escape"},"do":[{"set":{"element":"edit","acceptsFocus":true}}]}])");
+  press(enter);
+  EXPECT_NE(desktop.setFocus(element("w", "edit")), 0u);
+  press(0x1B);
+  EXPECT_EQ(desktop.setFocus(element("w", "edit")), 0u);
+}
+
 TEST_F(RulesTest, AddAndRemove_ChangeThePage) {
   buildTab(R"([{"on":{"key":"Enter"},"do":[{"add":{"id":"new","children":[{"id":"inner"}]}},{"remove":"send"}]},
                {"on":{"key":"Escape"},"do":[{"remove":"new"}]}])");

@@ -102,6 +102,43 @@ TEST(RunScenario, TimeRules_CountFromTheFirstStep_AndStepsSeeWhatTheyDid) {
             Failures{});
 }
 
+TEST(RunScenario, RulesOfTheStart_ActBeforeTheFirstStepAndWithoutOne) {
+  const std::string desktop = R"({"desktop":{"windows":[{"id":"a","title":"old","rules":[{"on":{"time":0},
+      "do":[{"windowTitle":"new"}]}]}]})";
+  const char* expected = R"({"virtualMs":0,"desktop":{"windows":{"a":{"title":"new"}}}})";
+  EXPECT_EQ(failuresOf(desktop + "}", expected), Failures{});
+  EXPECT_EQ(failuresOf(desktop + R"(,"steps":[{"call":{"channel":"orvane/window","method":"getBounds"}}]})", expected),
+            Failures{});
+}
+
+TEST(RunScenario, StepOnAWindowThatHasGone_DoesNothing) {
+  EXPECT_EQ(failuresOf(R"({"desktop":{"windows":[{"id":"a","tabs":[{"title":"t"}]},{"id":"b"}]},"steps":[
+      {"user":{"close":"a"}},{"user":{"close":"a"}},{"user":{"foreground":"a"}},{"user":{"minimize":"a"}},
+      {"user":{"resize":{"window":"a","bounds":[0,0,9,9]}}},{"user":{"switchTab":{"window":"a","title":"t"}}},
+      {"post":{"window":"backdrop","message":16}},{"do":[{"windowTitle":"x"}],"window":"a"},
+      {"user":{"foreground":"b"}}]})",
+                       R"({"desktop":{"foreground":"b","zOrder":["b","main"]},"stderr":[]})"),
+            Failures{});
+}
+
+TEST(RunScenario, RepliesOfOneName_AreToldByTheLast) {
+  EXPECT_EQ(failuresOf(R"({"steps":[
+      {"call":{"channel":"orvane/window","method":"getBounds"},"as":"1"},
+      {"call":{"channel":"orvane/window","method":"setBounds","arguments":{"x":40.0,"y":50.0,"width":640.0,"height":480.0}}},
+      {"call":{"channel":"orvane/window","method":"getBounds"},"as":"1"},
+      {"call":{"channel":"orvane/window","method":"setBounds","arguments":{"x":0.0,"y":{"$from":"1.x"},
+        "width":640.0,"height":480.0}}}]})",
+                       R"({"desktop":{"windows":{"main":{"bounds":[0,40,640,520]}}}})"),
+            Failures{});
+}
+
+TEST(RunScenario, AnyNumberOf64Bits_IsAMessagesParameter) {
+  EXPECT_EQ(failuresOf(R"({"steps":[{"post":{"window":"main","message":33106,"wParam":18446744073709551615,
+                "lParam":-9223372036854775808}}]})",
+                       R"({"exitCode":0,"stderr":[]})"),
+            Failures{});
+}
+
 TEST(RunScenario, EarlierReply_IsGivenBackInALaterCall) {
   const char* scenario = R"({"desktop":{"windows":[{"id":"w","process":"chrome.exe","tabs":[{"title":"Plan - Claude",
       "address":"https://claude.ai/chat/1","selected":true}]}]},"steps":[

@@ -105,6 +105,19 @@ TEST_F(WindowsClipboardTest, Faults_GiveTheirResultAndHaveNoEffect) {
   close();
 }
 
+TEST_F(WindowsClipboardTest, Opening_WorksAgain_WhenTheCloseWasRefused) {
+  desktop.setFaults(R"([{"call": "CloseClipboard", "result": false}, {"call": "GlobalUnlock", "result": false}])");
+  const HGLOBAL block = openText();
+  ASSERT_NE(::GlobalLock(block), nullptr);
+  EXPECT_EQ(::GlobalUnlock(block), FALSE);
+  EXPECT_EQ(::CloseClipboard(), FALSE);
+  EXPECT_EQ(desktop.held("openClipboard"), 1);
+  EXPECT_NE(::OpenClipboard(nullptr), FALSE);
+  EXPECT_EQ(desktop.held("openClipboard"), 1);
+  close();
+  EXPECT_EQ(desktop.held("openClipboard"), 0);
+}
+
 using WindowsClipboardDeathTest = WindowsClipboardTest;
 
 TEST_F(WindowsClipboardDeathTest, Run_Stops_AtWhatIsNotModelled) {

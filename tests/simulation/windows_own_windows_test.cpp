@@ -153,6 +153,17 @@ TEST_F(OwnWindowsTest, CaptionDrag_IsRecordedAndEndsAtOnce) {
   EXPECT_EQ(desktop.platform().records().posted[0].wParam, 0xF012u);
 }
 
+TEST_F(OwnWindowsTest, SystemCommands_MinimizeRestoreAndClose) {
+  const HWND main = makeMain();
+  ::ShowWindow(main, SW_SHOWNORMAL);
+  ::SendMessageW(main, WM_SYSCOMMAND, 0xF020, 0);
+  EXPECT_NE(::IsIconic(main), FALSE);
+  ::SendMessageW(main, WM_SYSCOMMAND, 0xF122, 0);
+  EXPECT_EQ(::IsIconic(main), FALSE);
+  ::SendMessageW(main, WM_SYSCOMMAND, 0xF060, 0);
+  EXPECT_EQ(::IsWindow(main), FALSE);
+}
+
 TEST_F(OwnWindowsTest, PostedMessages_ReachTheProcedure_InOrderWithTheirHandles) {
   const HWND main = makeMain();
   windows.takeMessages();
@@ -242,7 +253,7 @@ TEST_F(OwnWindowsDeathTest, Run_Stops_AtWhatIsNotModelled) {
   RECT bounds{};
   const auto stopsAt = [](const char* call) { return std::string("simulation: ") + call + ": "; };
   const auto exits = ::testing::ExitedWithCode(3);
-  EXPECT_EXIT(::SendMessageW(main, WM_SYSCOMMAND, 0xF020, 0), exits, stopsAt("WM_SYSCOMMAND"));
+  EXPECT_EXIT(::SendMessageW(main, WM_SYSCOMMAND, 0xF010, 0), exits, stopsAt("WM_SYSCOMMAND"));
   EXPECT_EXIT(::GetTopWindow(main), exits, stopsAt("GetTopWindow"));
   EXPECT_EXIT(::GetWindow(main, 3), exits, stopsAt("GetWindow"));
   EXPECT_EXIT(::SetPropW(desktop.window("mail"), L"x", nullptr), exits, stopsAt("SetPropW"));

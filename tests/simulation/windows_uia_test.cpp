@@ -225,6 +225,16 @@ TEST_F(UiaTest, Fault_GivesItsResult_ToTheNamedElementAlone) {
   EXPECT_EQ(box()->get_CurrentIsEnabled(&enabled), S_OK);
 }
 
+TEST_F(UiaTest, FaultOfTheLength_KnowsTheWindowThatWasSearched) {
+  desktop.setFaults(R"([{"call":"IUIAutomationElementArray::get_Length","window":"deaf","result":"0x80004005"},
+                        {"call":"IUIAutomationElementArray::get_Length","window":"b","nth":2,"result":"0x80070005"}])");
+  ComReference<IUIAutomationElementArray> found;
+  EXPECT_EQ(root()->FindAll(TreeScope_Descendants, ofType(UIA_EditControlTypeId).get(), found.put()), S_OK);
+  int length = 0;
+  EXPECT_EQ(found->get_Length(&length), S_OK);
+  EXPECT_EQ(found->get_Length(&length), static_cast<HRESULT>(0x80070005));
+}
+
 TEST_F(UiaTest, ReadRule_ActsAfterTheValueWasTaken) {
   const auto element = control(control_type::text);
   EXPECT_EQ(nameOf(element.get()), L"Plain");
