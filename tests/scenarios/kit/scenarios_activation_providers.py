@@ -1,10 +1,10 @@
 """Each provider is found among the tabs of an ordinary day, proven, and brought to the front."""
 from .activation import Activation
-from .activation_cases import (CHATGPT_URL, CLAUDE_SEES_RAMEN, CLAUDE_URL, MAIL_TITLE, RAMEN_TITLE, REPORT_TITLE,
-                               SEEN_MAIL, SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_page, chatgpt_tab,
-                               claude_tab, desk, gemini_tab, home, mail_tab, perplexity_page, provider_arguments,
-                               quiet_home, quiet_reading, ramen_tab, reading, report_tab, weather_tab,
-                               work)
+from .activation_cases import (CHATGPT_URL, CLAUDE_SEES_RAMEN, CLAUDE_URL, GEMINI_URL, MAIL_TITLE, RAMEN_TITLE,
+                               REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, SEEN_RAMEN, WEATHER_TITLE, case, chatgpt_page,
+                               chatgpt_tab, claude_tab, desk, gemini_tab, home, mail_tab, perplexity_page,
+                               provider_arguments, quiet_home, quiet_reading, ramen_tab, reading, report_tab,
+                               weather_tab, work)
 from .activation_tabs import INDEX_AND_TITLE, UNIQUE_TITLE, live, seen, window
 from .core import browser, on_select, tab
 
@@ -152,6 +152,20 @@ def equal_windows():
                provider_arguments("ChatGPT"), selected={"work": 1, "home": 0}, selections=1, foreground="work")
 
 
+def many_equal_windows():
+    """More equal tabs than a sort that isn't stable leaves in their order."""
+    notes = seen(1, "Notes - Google Gemini", "anchoredTitle rawTitle", score=200)
+    names = [f"work{number}" for number in range(1, 21)]
+    windows = desk(*(browser(name, "chrome.exe", [mail_tab(), tab(notes.title, GEMINI_URL)]) for name in names))
+    activation = Activation("Gemini")
+    activation.discover([window("Chrome", SEEN_MAIL, notes, id=name) for name in names], desktop=windows)
+    activation.choose("Chrome", notes)
+    activation.select(live((MAIL_TITLE, "S"), (notes.title, "IT")), INDEX_AND_TITLE, 1).settle().finish()
+    yield case("gemini-equal-tabs-in-twenty-windows-the-uppermost-window-wins", windows, activation,
+               provider_arguments("Gemini"), selected={name: 1 if name == "work1" else 0 for name in names},
+               selections=1, foreground="work1")
+
+
 def proven_below():
     """Without proof 450, with the address alone 520, with the composer too 800: the proven window lies lowest.
     Both pages with an address are hidden, so that neither stands in front already."""
@@ -173,5 +187,5 @@ def proven_below():
 
 def scenarios():
     for part in (chatgpt_selected, chatgpt_sleeping, claude_selected, gemini_inactive, raw_titles, perplexity_anchored,
-                 addresses, grok_elsewhere, equal_windows, proven_below):
+                 addresses, grok_elsewhere, equal_windows, many_equal_windows, proven_below):
         yield from part()

@@ -2,7 +2,7 @@
 from .activation import Activation
 from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, desk, gemini_tab, mail_tab,
                                provider_arguments, quiet_home, report_tab, work)
-from .activation_tabs import (E_NOINTERFACE, INDEX_AND_TITLE, INDEX_LOST, RPC_E_DISCONNECTED, S_OK,
+from .activation_tabs import (E_NOINTERFACE, INDEX_AND_TITLE, INDEX_FALLBACK, INDEX_LOST, RPC_E_DISCONNECTED, S_OK,
                               UIA_E_ELEMENTNOTAVAILABLE, live, seen, window)
 from .core import ALWAYS, E_FAIL, fault, on_select
 
@@ -139,6 +139,20 @@ def search_fails():
                faults=[fault("IUIAutomationElementArray::GetElement", E_FAIL, 2, ALWAYS, element=NOTES)])
 
 
+def unread_tab():
+    """The tab at the index shows neither its title nor its id when it is selected: the reply has those of the
+    inventory."""
+    windows = notes_windows(automationId="view_5")
+    target = seen(2, NOTES, "anchoredTitle rawTitle", id="view_5", score=200)
+    activation = begin(windows, target)
+    nameless = live((MAIL_TITLE, "S"), (REPORT_TITLE,), ("", "I"))
+    activation.attempt(1, S_OK, nameless, INDEX_FALLBACK, 2).selection_passed().settle().finish()
+    # Of the tab item: read in the inventory, and in the attempt.
+    yield ends("gemini-tab-whose-title-and-id-cannot-be-read-any-more-keeps-those-that-were", windows, activation, 2,
+               selections=1, faults=[fault(f"IUIAutomationElement::get_Current{fact}", E_FAIL, 2, element=NOTES)
+                                     for fact in ("Name", "AutomationId")])
+
+
 def scenarios():
-    for part in (refused_attempts, without_effect, pattern_missing, search_fails):
+    for part in (refused_attempts, without_effect, pattern_missing, search_fails, unread_tab):
         yield from part()

@@ -1,94 +1,12 @@
-"""The search for a ChatGPT tab by Chrome's Search tabs box: each stage as it goes well, and each way it fails.
-
-Nothing in any browser bears a sign of ChatGPT, so the discovery ends without a candidate after three passes.
-"""
-from .activation import Activation
-from .activation_assist import (AFTER_ENTER_MS, AFTER_FIELD_SET_MS, AFTER_FOREGROUND_MS, AFTER_KEYS_MS, FIELD_NOT_SET,
-                                OPENING_EVENTS)
-from .activation_cases import (CHATGPT_URL, MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, chatgpt_page,
-                               desk, mail_tab, provider_arguments, quiet_home, report_tab, tab)
-from .activation_routes import BRING_FORWARD_MS
+"""The search for a ChatGPT tab by Chrome's Search tabs box: each stage as it goes well, and each way it fails."""
+from .activation_assist import FIELD_NOT_SET, OPENING_EVENTS
+from .activation_cases import (CHATGPT_URL, MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, chatgpt_page, desk, mail_tab,
+                               quiet_home, report_tab, tab)
 from .activation_tabs import seen, window
-from .core import E_FAIL, at, bring_up, browser, edit, fault, move_focus, on_key, remove, wait
-
-LISBON = "Trip to Lisbon"
-QUIET_HOME = window("Edge", *SEEN_QUIET_HOME)
-PASSES_MS = 150 + 300
-KEYS_MS = PASSES_MS + BRING_FORWARD_MS + AFTER_FOREGROUND_MS
-FIELD_MS = KEYS_MS + AFTER_KEYS_MS
-ENTER_MS = FIELD_MS + AFTER_FIELD_SET_MS
-LANDING_MS = ENTER_MS + AFTER_ENTER_MS
-FIELD = "searchTabs"
-BOX = (560, 60, 1120, 100)
-KEY = "Ctrl+Shift+A"
-
-
-def field(**facts):
-    return edit(FIELD, facts.pop("name", "Search tabs"), BOX, **{"value": "", **facts})
-
-
-def opens(box=None, **facts):
-    """Chrome's answer to its key: the box stands over the page and has the keyboard."""
-    return on_key(KEY, {"add": box or field(**facts)}, move_focus(FIELD))
-
-
-def leads_to(*actions):
-    """Enter closes the box and shows what was found."""
-    return on_key("Enter", remove(FIELD), *actions)
-
-
-def closes():
-    return on_key("Escape", remove(FIELD))
-
-
-def lisbon_tab(address=CHATGPT_URL, title=LISBON):
-    return tab(title, address, chatgpt_page())
-
-
-def chrome(*rules, address=CHATGPT_URL, identifier="work", strip=None, **facts):
-    strip = strip or (mail_tab(), report_tab(), lisbon_tab(address))
-    rules = rules or (opens(), leads_to({"selectTab": LISBON}), closes())
-    return browser(identifier, "chrome.exe", strip, 0, bounds=(40, 20, 1640, 1020), rules=list(rules), **facts)
-
-
-SEEN_CHROME = window("Chrome", SEEN_MAIL, seen(1, REPORT_TITLE), seen(2, LISBON))
-
-
-def begin(windows, *seen_windows, front=None, title="ChatGPT"):
-    activation = Activation(title)
-    activation.discover(*[list(seen_windows) or [SEEN_CHROME, QUIET_HOME]] * 3, desktop=windows, front=front)
-    activation.front_at_end, activation.front_requests = "work", 1
-    return activation
-
-
-def found(activation, title=LISBON, address=CHATGPT_URL, target="work", element_behind=None):
-    """The box opens, is filled and confirmed, and leads to the page."""
-    activation.assist_begins().assist_foreground().assist_keys_opening(target).assist_field_set()
-    activation.assist_enter(target, element_behind=element_behind)
-    return activation.assist_landed(address, title, True).assist_ready(title)
-
-
-def assist_case(file, windows, activation, *, selected=None, calls=None, values=None, **more):
-    return case(file, windows, activation, provider_arguments("ChatGPT"), folder="browser-assist", selections=0,
-                selected={"work": 0, "home": 0} if selected is None else selected, calls=calls, values=values, **more)
-
-
-def plain(*browsers):
-    return desk(*(browsers or (chrome(),)), quiet_home())
-
-
-def fails(file, windows, stages, *, selected=None, **more):
-    """`stages` appends what happens up to the failure."""
-    activation = begin(windows).no_session(stages)
-    return assist_case(file, windows, activation, selected=selected, **more)
-
-
-def foreground_stage(activation):
-    return activation.assist_begins().assist_foreground()
-
-
-def field_stage(activation):
-    return foreground_stage(activation).assist_keys_opening("work").assist_field_set()
+from .browser_assist import (BOX, ENTER_MS, FIELD, FIELD_MS, KEY, KEYS_MS, LISBON, PASSES_MS, QUIET_HOME, SEEN_CHROME,
+                             assist_case, begin, chrome, closes, fails, field, field_stage, foreground_stage, found,
+                             leads_to, opens, plain)
+from .core import E_FAIL, at, bring_up, browser, fault, move_focus, on_key, on_read, remove, wait
 
 
 # ---- it goes well
@@ -299,6 +217,16 @@ def fields():
         foreground_stage(one).assist_keys_opening("work")
         one.assist_field_refused("work", result=FIELD_NOT_SET, element=FIELD, element_behind=None)
 
+    # The editor comes up while the field is looked at.
+    def not_set_behind(one):
+        foreground_stage(one).assist_keys_opening("work")
+        one.assist_field_refused("work", result=FIELD_NOT_SET, escapes=False)
+        one.front_at_end = "editor"
+
+    windows = plain(chrome(opens(), closes(), on_read(FIELD, bring_up("editor"))))
+    yield fails("field-that-cannot-be-set-behind-another-window-gets-no-escape", windows, not_set_behind,
+                faults=[fault("IUIAutomationValuePattern::SetValue", E_FAIL)], values={f"work/{FIELD}": ""})
+
     bare = {"type": "edit", "id": FIELD, "name": "Search tabs", "bounds": list(BOX)}
     yield fails("field-without-a-value-cannot-be-set", plain(chrome(opens(bare), closes())), no_pattern)
 
@@ -378,11 +306,14 @@ def landings():
     windows = plain()
     yield fails("address-that-cannot-be-read-is-no-proof", windows, landed("", LISBON), selected={"work": 2, "home": 0},
                 faults=[fault("IUIAutomation::ElementFromHandle", E_FAIL, 5, window="work")])
-    for call, nth, word in (("IUIAutomation::ElementFromHandle", 6, "root"),
-                            ("IUIAutomationElement::FindAll", 4 * 4 + 2, "search")):
+    # Five conditions for each of two windows in every pass, one for the address, one for the title where there is a
+    # root, and one for the look at the window in front.
+    for call, nth, conditions, word in (("IUIAutomation::ElementFromHandle", 6, 4 * 2 * 5 + 1 + 1, "root"),
+                                        ("IUIAutomationElement::FindAll", 4 * 4 + 2, 4 * 2 * 5 + 1 + 1 + 1, "search")):
         activation = found(begin(windows), title="")
         yield assist_case(f"title-whose-{word}-fails-is-empty", windows, activation, selected={"work": 2, "home": 0},
-                          foreground="work", faults=[fault(call, E_FAIL, nth, window="work")])
+                          foreground="work", faults=[fault(call, E_FAIL, nth, window="work")],
+                          calls={"IUIAutomation::CreatePropertyCondition": conditions})
     yield fails("process-that-cannot-be-opened-is-not-chrome", windows,
                 lambda one: field_stage(one).assist_enter("work").assist_not_chrome(), selected={"work": 2, "home": 0},
                 faults=[fault("OpenProcess", 0, 4 * top(windows) + 1)])

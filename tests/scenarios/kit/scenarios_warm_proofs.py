@@ -72,6 +72,29 @@ def composers():
     yield run("composer-that-comes-by-the-ninth-look-proves-the-page", (), 9,
               [on_select(title, add(late), after=attempt_ms(9))])
 
+    # The looser words count in a window whose title carries the mark; it does once the tab is in front.
+    asks = [edit("composer", "Ask anything", (500, 880, 1300, 940), value="")]
+    for shown, proves in (("Roadmap · Work", True), ("Roadmap", False)):
+        windows = desk(work(mail_tab(), tab(shown, "", asks)), quiet_home())
+        activation = begin("ChatGPT", 2).warm_choice(REMEMBERED_INDEX_AND_TITLE, seen(1, shown))
+        activation.warm_select(S_OK, live((MAIL_TITLE, "S"), (shown, "IT")), INDEX_AND_TITLE, 1)
+        back = live((MAIL_TITLE, "IT"), (shown, "S"))
+        if proves:
+            activation.warm_verified(True, "", composer=1).warm_ready("Chrome")
+        else:
+            activation.warm_failed().warm_restore(SEEN_MAIL, S_OK, back, INDEX_AND_TITLE, 0)
+            activation.warm_restored_verified(False, "").warm_fallback()
+            found = seen(1, shown, "remembered strictTitle rememberedPosition", score=830)
+            activation.discover([window("Chrome", SEEN_MAIL, found), QUIET_HOME], desktop=windows,
+                                remembered=[{"step": "Remembered title", "result": shown}])
+            activation.choose("Chrome", found).select(live((MAIL_TITLE, "S"), (shown, "IT")), UNIQUE_TITLE, 1)
+            activation.settle().chatgpt_identity(passes=False, composer=False)
+            activation.restore("ChatGPT final restoration", SEEN_MAIL, back, INDEX_AND_TITLE, 0).finish_blocked()
+        yield warm_case(f"chatgpt-window-{'with' if proves else 'without'}-the-workspace-mark-is-"
+                        f"{'' if proves else 'not-'}proven-by-a-looser-name", windows, activation, memory(1, shown),
+                        selected=BOTH if proves else {"work": 0, "home": 0}, selections=1 if proves else 4,
+                        foreground="work" if proves else None)
+
     # An address that is there and proves nothing outweighs the composer.
     windows = desk(work(mail_tab(), tab(title, "https://intranet.example/chat", chatgpt_page())), quiet_home())
     activation = begin("ChatGPT", 2).warm_choice(REMEMBERED_INDEX, seen(1, title))

@@ -4,7 +4,7 @@ from .activation_cases import (GEMINI_URL, MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, 
                                mail_tab, provider_arguments, quiet_home, report_tab, work)
 from .activation_routes import (AFTER_RESTORE_MS, FORCE_PASS_MS, REMEMBERED_INDEX, REMEMBERED_INDEX_AND_TITLE,
                                 UNIQUE_REMEMBERED_TITLE, VERIFICATION_ATTEMPTS)
-from .activation_tabs import INDEX_AND_TITLE, S_OK, UNIQUE_TITLE, live, seen, window
+from .activation_tabs import INDEX_AND_TITLE, INDEX_FALLBACK, S_OK, UNIQUE_TITLE, live, seen, window
 from .core import E_FAIL, browser, element, fault, on_read, tab
 from .warm import (NOTES, NOTES_AT_1, PAGES, QUIET_HOME, STRIP, begin, gemini_desk, memory, selected_notes, warm_case)
 
@@ -31,6 +31,28 @@ def providers():
         yield warm_case(f"{name.lower()}-remembered-tab-that-is-selected-stays-so", windows, activation,
                         memory(1, title), selected={"work": 1, "home": 0}, selections=0, foreground="work",
                         calls={"EnumWindows": 0})
+
+
+def automation_ids():
+    """The remembered id says nothing here. What the reply gives is the id that the tab shows, or did at first."""
+    windows = gemini_desk(mail_tab(), gemini_tab(automationId="view_5"), report_tab())
+    target = seen(1, NOTES, id="view_5")
+    activation = begin().warm_choice(REMEMBERED_INDEX_AND_TITLE, target)
+    activation.warm_select(S_OK, live((MAIL_TITLE, "S"), (NOTES, "ITA", "view_5"), (REPORT_TITLE,)), INDEX_AND_TITLE,
+                           1)
+    activation.warm_verified(True, GEMINI_URL).warm_ready("Chrome")
+    yield warm_case("gemini-remembered-id-of-another-tab-changes-nothing", windows, activation,
+                    memory(1, NOTES, rememberedAutomationId="view_9"), selected={"work": 1, "home": 0}, selections=1,
+                    foreground="work")
+
+    # Of the tab item: read by the inspection, and by the selection.
+    activation = begin().warm_choice(REMEMBERED_INDEX_AND_TITLE, target)
+    activation.warm_select(S_OK, live((MAIL_TITLE, "S"), ("", "I"), (REPORT_TITLE,)), INDEX_FALLBACK, 1)
+    activation.warm_verified(True, GEMINI_URL).warm_ready("Chrome")
+    yield warm_case("gemini-tab-whose-title-and-id-cannot-be-read-any-more-keeps-those-that-were", windows, activation,
+                    memory(1, NOTES), selected={"work": 1, "home": 0}, selections=1, foreground="work",
+                    faults=[fault(f"IUIAutomationElement::get_Current{fact}", E_FAIL, 2, element=NOTES)
+                            for fact in ("Name", "AutomationId")])
 
 
 def unknown_to_addresses():
@@ -214,6 +236,6 @@ def moved_meanwhile():
 
 
 def scenarios():
-    for part in (providers, unknown_to_addresses, browsers, reasons, holes, first_tab, shown_states, given_back,
+    for part in (providers, automation_ids, unknown_to_addresses, browsers, reasons, holes, first_tab, shown_states, given_back,
                  moved_meanwhile):
         yield from part()

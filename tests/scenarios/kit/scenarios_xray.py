@@ -173,12 +173,13 @@ def facts():
 
 
 def silence():
-    """The walk for a selected ChatGPT page writes no line, and reads nothing that only the dump shows: the places of
-    two fields and the class of one are looked at for the composer's sake, the minimised state to bring it forward."""
+    """The walk for a selected ChatGPT page writes no line and doesn't read whether a tab item lies on the screen; its
+    class and framework are read all the same. The address bar's class and the two fields' states are looked at for
+    the address and the composer, the minimised state to bring the window forward."""
     windows = desk(work(mail_tab(), tab("Lisbon", "chatgpt.com/c/1"), selected=1))
     activation = Activation("ChatGPT").destination("ONLY_SELECTED_CHATGPT_WINDOW", "Lisbon")
     activation.destination_ready("Chrome", seen(1, "Lisbon"))
-    yield case("walk-for-selected-pages-writes-and-reads-nothing-for-the-dump", windows, activation,
+    yield case("walk-for-selected-pages-writes-no-dump-and-reads-no-place-for-it", windows, activation,
                provider_arguments("ChatGPT"), selected={"work": 1}, selections=0, foreground="work", folder="xray",
                calls={"IUIAutomationElement::get_CurrentClassName": 2 + 1,
                       "IUIAutomationElement::get_CurrentFrameworkId": 2,
