@@ -3,6 +3,7 @@
 
 #include "provider_identity/address_reader.h"
 #include "support/browser_page.h"
+#include "support/row_name.h"
 #include "support/simulated_desktop.h"
 
 namespace orvane {
@@ -95,6 +96,34 @@ INSTANTIATE_TEST_SUITE_P(
                     FieldRow{"AboveTheWindow", R"("bounds": [100, -1, 900, 39])", false},
                     FieldRow{"UnreadablePlace", R"("bounds": [100, 40, 900, 80], "unreadable": ["bounds"])", false}),
     fieldName);
+
+struct UpperPartRow {
+  const char* test;
+  const char* windowBounds;
+  int lowestTop;
+};
+
+class UpperPart : public testing::TestWithParam<UpperPartRow> {};
+
+TEST_P(UpperPart, EndsAt35PercentCutToAWholePixel_HoweverHighTheWindow) {
+  for (const int belowLowestTop : {0, 1}) {
+    const int top = GetParam().lowestTop + belowLowestTop;
+    const SimulatedDesktop desktop(
+        desktopJson({.page = R"([{"type": "edit", "value": "https://claude.ai/new", "bounds": [100, )" +
+                             std::to_string(top) + ", 900, " + std::to_string(top + 40) + "]}]",
+                     .window = noBar,
+                     .bounds = GetParam().windowBounds}));
+
+    EXPECT_EQ(readAddress(desktop), belowLowestTop == 0 ? L"https://claude.ai/new" : L"") << top;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, UpperPart,
+                         testing::Values(UpperPartRow{"NoHundreds", "[0, 0, 1200, 850]", 296},
+                                         UpperPartRow{"LessThanAHundred", "[0, 0, 1200, 99]", 33},
+                                         UpperPartRow{"TwoThousandMillions", "[0, -1000000000, 1200, 1000000000]",
+                                                      -300'000'001}),
+                         nameOfRow<UpperPartRow>);
 
 struct TextRow {
   const char* name;

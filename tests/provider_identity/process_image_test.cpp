@@ -43,6 +43,18 @@ INSTANTIATE_TEST_SUITE_P(
                       PathRow{"Neither", "MSEdge.exe", L"msedge.exe"}, PathRow{"NothingBehind", R"(C:\\Apps\\)", L""}),
     nameOfRow<PathRow>);
 
+TEST(ProcessImageName, IsThatOfThePath_WhenTheBufferOf1040UnitsHoldsItWithItsEnd) {
+  const std::string folder = R"(C:\\)";
+  const std::string name = R"(\\chrome.exe)";
+  // Each doubled backslash is one unit of the path.
+  for (const std::size_t units : {std::size_t{1039}, std::size_t{1040}}) {
+    const std::string middle(units - (folder.size() - 1) - (name.size() - 1), 'x');
+    const SimulatedDesktop desktop(processOf(folder + middle + name));
+    EXPECT_EQ(processImageName(processId), units == 1039 ? L"chrome.exe" : L"") << units;
+    EXPECT_EQ(isSupportedBrowserImage(processImageName(processId)), units == 1039) << units;
+  }
+}
+
 TEST(ProcessImageName, IsSupported_WhateverItsCase) {
   const SimulatedDesktop desktop(processOf(R"(C:\\Chrome.EXE)"));
   EXPECT_TRUE(isSupportedBrowserImage(processImageName(processId)));
