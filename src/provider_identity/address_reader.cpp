@@ -1,26 +1,21 @@
 #include "provider_identity/address_reader.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <optional>
 
 #include "provider_identity/address_rules.h"
-#include "provider_identity/text_rules.h"
 
 namespace orvane {
 namespace {
 
-constexpr std::array<std::wstring_view, 3> addressFieldWords{L"address", L"omnibox", L"location"};
 constexpr std::int64_t leastFieldWidthPixels = 180;
 constexpr std::int64_t greatestFieldHeightPixels = 120;
 constexpr std::int64_t upperPartPercent = 35;
 
-bool namesAddressField(const UiaElement& element) {
+bool isNamedAsAddressField(const UiaElement& element) {
   const std::wstring name = elementName(element);
   const std::wstring automationId = elementAutomationId(element);
-  const std::wstring text = toLower(name + L" " + automationId + L" " + elementClassName(element));
-  return containsAnyOf(text, addressFieldWords);
+  return namesAddressField(name, automationId, elementClassName(element));
 }
 
 bool liesLikeAddressField(const RECT& field, const RECT& root) {
@@ -32,24 +27,21 @@ bool liesLikeAddressField(const RECT& field, const RECT& root) {
 }
 
 bool isAddressFieldCandidate(const UiaElement& element, const RECT& root) {
-  if (namesAddressField(element)) {
+  if (isNamedAsAddressField(element)) {
     return true;
   }
   const std::optional<RECT> field = element.bounds();
   return field && root.bottom > root.top && liesLikeAddressField(*field, root);
 }
 
-// The first of the control's texts that is an address; empty for none.
-std::wstring addressOfField(const UiaElement& field) {
-  const std::array<std::wstring, 5> texts{
-      field.readValue().text.value_or(std::wstring()),
-      field.textProperty(UIA_ValueValuePropertyId),
-      field.textProperty(UIA_LegacyIAccessibleValuePropertyId),
-      field.textProperty(UIA_HelpTextPropertyId),
-      elementName(field),
+AddressFieldTexts readTexts(const UiaElement& field) {
+  return {
+      .value = field.readValue().text.value_or(std::wstring()),
+      .valueProperty = field.textProperty(UIA_ValueValuePropertyId),
+      .legacyValue = field.textProperty(UIA_LegacyIAccessibleValuePropertyId),
+      .helpText = field.textProperty(UIA_HelpTextPropertyId),
+      .name = elementName(field),
   };
-  const auto address = std::find_if(texts.begin(), texts.end(), isAddressText);
-  return address == texts.end() ? std::wstring() : *address;
 }
 
 }  // namespace
@@ -74,7 +66,7 @@ std::wstring readWindowAddress(const UiaSession& session, const UiaElement& root
     if (!field || !isAddressFieldCandidate(field, rootBounds)) {
       continue;
     }
-    if (std::wstring address = addressOfField(field); !address.empty()) {
+    if (std::wstring address = addressOfField(readTexts(field)); !address.empty()) {
       return address;
     }
   }

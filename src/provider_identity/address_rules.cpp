@@ -28,6 +28,8 @@ constexpr std::array<AddressForm, 9> addressForms{{
 constexpr std::array<std::wstring_view, 4> companyHosts{L"openai.com", L"anthropic.com", L"gemini.google",
                                                         L"google.com"};
 
+constexpr std::array<std::wstring_view, 3> addressFieldWords{L"address", L"omnibox", L"location"};
+
 constexpr std::array<std::wstring_view, 2> webSchemes{L"http://", L"https://"};
 constexpr std::wstring_view secureScheme = L"https://";
 
@@ -89,6 +91,21 @@ std::wstring hostOfAddress(std::wstring_view address) {
     host.resize(end);
   }
   return host;
+}
+
+bool namesAddressField(std::wstring_view name, std::wstring_view automationId, std::wstring_view className) {
+  const std::wstring texts = join(join(name, L" "), join(join(automationId, L" "), className));
+  return containsAnyOf(toLower(texts), addressFieldWords);
+}
+
+std::wstring addressOfField(const AddressFieldTexts& texts) {
+  for (const std::wstring* text :
+       {&texts.value, &texts.valueProperty, &texts.legacyValue, &texts.helpText, &texts.name}) {
+    if (isAddressText(*text)) {
+      return *text;
+    }
+  }
+  return {};
 }
 
 }  // namespace orvane

@@ -213,5 +213,33 @@ INSTANTIATE_TEST_SUITE_P(Rows, HostOfAddress,
                                            HostRow{"EmptyHost", L"https:///x", L""}),
                          nameOfRow<HostRow>);
 
+TEST(AddressFieldName, IsToldByAWordInAnyOfItsTexts) {
+  EXPECT_TRUE(namesAddressField(L"ADDRESS and search bar", L"", L""));
+  EXPECT_TRUE(namesAddressField(L"", L"TheOmniBox", L""));
+  EXPECT_TRUE(namesAddressField(L"", L"", L"LocationBarView"));
+  EXPECT_FALSE(namesAddressField(L"Search", L"field", L"Edit"));
+  EXPECT_FALSE(namesAddressField(L"", L"", L""));
+}
+
+TEST(AddressFieldName, IsNone_WhenAWordReachesIntoTheNextText) {
+  EXPECT_FALSE(namesAddressField(L"loca", L"tion", L""));
+  EXPECT_FALSE(namesAddressField(L"", L"omni", L"box"));
+}
+
+TEST(AddressOfField, IsTheFirstTextThatIsOne) {
+  AddressFieldTexts texts{L"http://a.org", L"http://b.org", L"http://c.org", L"http://d.org", L"http://e.org"};
+  EXPECT_EQ(addressOfField(texts), L"http://a.org");
+  texts.value = L"typed";
+  EXPECT_EQ(addressOfField(texts), L"http://b.org");
+  texts.valueProperty.clear();
+  EXPECT_EQ(addressOfField(texts), L"http://c.org");
+  texts.legacyValue = L"a.org";
+  EXPECT_EQ(addressOfField(texts), L"http://d.org");
+  texts.helpText = L"Help";
+  EXPECT_EQ(addressOfField(texts), L"http://e.org");
+  texts.name = L"Address and search bar";
+  EXPECT_EQ(addressOfField(texts), L"");
+}
+
 }  // namespace
 }  // namespace orvane
