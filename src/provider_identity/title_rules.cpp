@@ -30,13 +30,6 @@ constexpr std::array<TitleWord, 4> titleWords{{
     {provider_key::chatGpt, L" - chatgpt"},
 }};
 
-constexpr std::array<TitleWord, 4> foreignTitleWords{{
-    {provider_key::claude, L" - claude"},
-    {provider_key::gemini, L" - google gemini"},
-    {provider_key::gemini, L"google gemini"},
-    {provider_key::chatGpt, L" - chatgpt"},
-}};
-
 constexpr std::array<std::wstring_view, 8> nonChatTitles{
     L"new tab", L"settings", L"downloads", L"history", L"extensions", L"bookmarks", L"chrome", L"microsoft edge",
 };
@@ -94,7 +87,7 @@ bool isOpenAiCompanyTitle(std::wstring_view title) {
 bool titleBelongsToOtherProvider(std::wstring_view title, std::wstring_view providerName) {
   const std::wstring lowerTitle = toLower(title);
   const std::wstring lowerName = toLower(providerName);
-  return std::any_of(foreignTitleWords.begin(), foreignTitleWords.end(), [&](const TitleWord& entry) {
+  return std::any_of(titleWords.begin(), titleWords.end(), [&](const TitleWord& entry) {
     return !contains(lowerName, entry.provider) && contains(lowerTitle, entry.word);
   });
 }

@@ -19,10 +19,10 @@ ProviderKey providerFromTitle(std::wstring_view title);
 // shorter has at least eight characters.
 bool titlesMatch(std::wstring_view first, std::wstring_view second);
 
-// A page of the browser itself, or no title at all.
+// The cleaned title is that of a page of the browser itself, or empty.
 bool isNonChatTitle(std::wstring_view title);
 
-// The page of the company behind ChatGPT.
+// The cleaned title is, or begins as, that of a page of the company behind ChatGPT.
 bool isOpenAiCompanyTitle(std::wstring_view title);
 
 // The raw title names a provider whose word `providerName` (a key or a display name) doesn't hold.
