@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "activation/process_image.h"
+#include "activation/tab_items.h"
 #include "composer/foreground.h"
 #include "composer/key_events.h"
 #include "embedding/utf_conversion.h"
@@ -31,12 +32,6 @@ bool isChatGptHost(const std::wstring& host) {
          host == provider_host::chatGptLegacy;
 }
 
-bool isChromeInFront(HWND window) {
-  DWORD pid = 0;
-  ::GetWindowThreadProcessId(window, &pid);
-  return processImageName(pid) == chromeImage;
-}
-
 class BrowserAssist {
  public:
   BrowserAssist(const UiaSession& session, TraceLog& trace) : session_(session), trace_(trace) {}
@@ -47,7 +42,8 @@ class BrowserAssist {
            verifyLanding();
   }
 
-  HWND window() const { return window_; }
+  // The window in front behind the search, which need not be the one that it began in.
+  HWND landedWindow() const { return landedWindow_; }
   const std::wstring& selectedTitle() const { return selectedTitle_; }
 
  private:
@@ -128,15 +124,14 @@ class BrowserAssist {
     return focused && session_.isSameElement(focused, field_);
   }
 
-  // The search may have led to another window: from here on that one counts.
   bool verifyLanding() {
     ::Sleep(afterEnterMs);
-    window_ = ::GetForegroundWindow();
-    if (window_ == nullptr || !isChromeInFront(window_)) {
+    landedWindow_ = ::GetForegroundWindow();
+    if (landedWindow_ == nullptr || readWindowProcess(landedWindow_).imageName != chromeImage) {
       return fail("Browser Assist verification", "FAIL: selected window is not Chrome");
     }
-    const std::wstring address = readWindowAddress(session_, window_);
-    selectedTitle_ = selectedTabName(session_, window_);
+    const std::wstring address = readWindowAddress(session_, landedWindow_);
+    selectedTitle_ = selectedTabName(session_, landedWindow_);
     const bool isVerified = isChatGptHost(hostOfAddress(address));
     step("Browser Assist verification", "address=\"" + traceSafeText(address) + "\"; selectedTitle=\"" +
                                             traceSafeText(selectedTitle_) + "\"; verified=" + yesNo(isVerified));
@@ -159,8 +154,9 @@ class BrowserAssist {
 
   const UiaSession& session_;
   TraceLog& trace_;
-  HWND window_ = nullptr;
+  HWND window_ = nullptr;  // the Chrome window whose box is used
   UiaElement field_;
+  HWND landedWindow_ = nullptr;
   std::wstring selectedTitle_;
 };
 
@@ -172,7 +168,7 @@ bool runBrowserAssist(const UiaSession& session, const std::vector<TabCandidate>
   if (!assist.run(inventory)) {
     return false;
   }
-  window = assist.window();
+  window = assist.landedWindow();
   selectedTitle = assist.selectedTitle();
   return true;
 }
@@ -208,13 +204,7 @@ std::wstring selectedTabName(const UiaSession& session, HWND window) {
   if (!root) {
     return {};
   }
-  UiaCondition condition;
-  session.controlTypeCondition(UIA_TabItemControlTypeId, condition);
-  if (!condition) {
-    return {};
-  }
-  UiaElementArray items;
-  root.findAll(condition, items);
+  const UiaElementArray items = findTabItems(session, root).items;
   const int length = items.length();
   for (int index = 0; index < length; ++index) {
     UiaElement item;

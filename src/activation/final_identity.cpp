@@ -24,9 +24,7 @@ void restorePreviousTab(const UiaSession& session, const TabCandidate& target,
   }
   std::wstring resolvedTitle;
   std::wstring resolvedAutomationId;
-  const HRESULT result = selectResolvedTab(session, *previous, &resolvedTitle, &resolvedAutomationId, &trace);
-  appendTrace(trace, stepName,
-              SUCCEEDED(result) ? "PASS: original tab restored" : "FAIL: original tab could not be restored");
+  restoreTab(session, *previous, resolvedTitle, resolvedAutomationId, stepName, trace);
 }
 
 bool isCompanyHomepage(const UiaSession& session, const TabCandidate& target) {

@@ -28,4 +28,11 @@ std::wstring processImageName(DWORD pid) {
   return toLower(separator == std::wstring_view::npos ? path : path.substr(separator + 1));
 }
 
+WindowProcess readWindowProcess(HWND window) {
+  WindowProcess process;
+  ::GetWindowThreadProcessId(window, &process.pid);
+  process.imageName = processImageName(process.pid);
+  return process;
+}
+
 }  // namespace orvane

@@ -10,4 +10,12 @@ namespace orvane {
 // process can't be opened or asked.
 std::wstring processImageName(DWORD pid);
 
+// The process that a window belongs to.
+struct WindowProcess {
+  DWORD pid = 0;           // by GetWindowThreadProcessId; 0 when that fails
+  std::wstring imageName;  // as `processImageName` gives it
+};
+
+WindowProcess readWindowProcess(HWND window);
+
 }  // namespace orvane

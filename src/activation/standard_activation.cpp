@@ -13,6 +13,7 @@
 #include "activation/com_apartment.h"
 #include "activation/elapsed_timer.h"
 #include "activation/final_identity.h"
+#include "activation/provider_foreground.h"
 #include "activation/remembered_target.h"
 #include "activation/tab_inventory.h"
 #include "activation/tab_selection.h"
@@ -21,6 +22,7 @@
 #include "composer/foreground.h"
 #include "composer/uia_operations.h"
 #include "embedding/call_arguments.h"
+#include "embedding/reply_map.h"
 #include "embedding/utf_conversion.h"
 #include "provider_identity/provider_tables.h"
 #include "provider_identity/text_rules.h"
@@ -87,8 +89,19 @@ class StandardActivation {
 
   void discover(const UiaSession& session) {
     std::uint32_t passNumber = 0;
-    runDiscovery({passNumber, inventory_, candidates_, session, name_, domain_, remembered_.title, arguments_, trace_,
-                  remembered_.automationId, remembered_.browser, remembered_.windowHandle, remembered_.tabIndex});
+    runDiscovery({.passNumber = passNumber,
+                  .inventory = inventory_,
+                  .candidates = candidates_,
+                  .session = session,
+                  .name = name_,
+                  .domain = domain_,
+                  .rememberedTitle = remembered_.title,
+                  .arguments = arguments_,
+                  .trace = trace_,
+                  .rememberedAutomationId = remembered_.automationId,
+                  .rememberedBrowser = remembered_.browser,
+                  .rememberedWindowHandle = remembered_.windowHandle,
+                  .rememberedTabIndex = remembered_.tabIndex});
     if (isChatGpt_) {
       step("ChatGPT Method 1", candidates_.empty() ? "FAIL: standard UIA found no explicit or verified candidate"
                                                    : "CANDIDATE FOUND: UIA activation and verification pending");
@@ -215,10 +228,7 @@ class StandardActivation {
 
   // Only ChatGPT needs the foreground for success; for all others a request is enough.
   void bringTargetForward() {
-    bool isConfirmed = false;
-    if (isVerified_) {
-      isConfirmed = isChatGpt_ ? forceForeground(target_.hwnd) : bringForward(target_.hwnd);
-    }
+    const bool isConfirmed = isVerified_ && bringProviderForward(key_, target_.hwnd);
     step("Foreground", foregroundText(isConfirmed));
     step("Cleanup", "By design, no UIA element is cached after activation");
     if (isChatGpt_) {
@@ -252,23 +262,20 @@ class StandardActivation {
 
   EncodableMap replyWithoutTarget() {
     appendTotal();
-    EncodableMap reply;
-    reply.emplace(EncodableValue("success"), EncodableValue(false));
-    reply.emplace(EncodableValue("logs"), EncodableValue(trace_));
+    EncodableMap reply = successReply(false);
+    addToReply(reply, "logs", trace_);
     return reply;
   }
 
   EncodableMap makeTargetReply(const std::string& selectedAutomationId) const {
     const std::wstring& title = resolvedTitle_.empty() ? target_.title : resolvedTitle_;
-    EncodableMap reply;
-    reply.emplace(EncodableValue("success"), EncodableValue(isVerified_));
-    reply.emplace(EncodableValue("browser"), EncodableValue(utf8FromWide(target_.browser)));
-    reply.emplace(EncodableValue("windowHandle"),
-                  EncodableValue(static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(target_.hwnd))));
-    reply.emplace(EncodableValue("selectedTitle"), EncodableValue(utf8FromWide(title)));
-    reply.emplace(EncodableValue("selectedTabIndex"), EncodableValue(target_.tabIndex));
-    reply.emplace(EncodableValue("selectedAutomationId"), EncodableValue(selectedAutomationId));
-    reply.emplace(EncodableValue("logs"), EncodableValue(trace_));
+    EncodableMap reply = successReply(isVerified_);
+    addToReply(reply, "browser", utf8FromWide(target_.browser));
+    addToReply(reply, "windowHandle", static_cast<std::int64_t>(reinterpret_cast<std::intptr_t>(target_.hwnd)));
+    addToReply(reply, "selectedTitle", utf8FromWide(title));
+    addToReply(reply, "selectedTabIndex", target_.tabIndex);
+    addToReply(reply, "selectedAutomationId", selectedAutomationId);
+    addToReply(reply, "logs", trace_);
     return reply;
   }
 

@@ -7,6 +7,7 @@
 #include "activation/elapsed_timer.h"
 #include "activation/process_image.h"
 #include "activation/tab_item_facts.h"
+#include "activation/tab_items.h"
 #include "activation/xray.h"
 #include "composer/chatgpt_composer.h"
 #include "composer/window_text.h"
@@ -23,13 +24,14 @@ constexpr DWORD beforeSecondPassMs = 150;
 constexpr DWORD beforeThirdPassMs = 300;
 
 std::optional<BrowserWindow> recognizeBrowser(HWND window) {
-  BrowserWindow browser;
-  browser.window = window;
-  ::GetWindowThreadProcessId(window, &browser.pid);
-  browser.imageName = processImageName(browser.pid);
-  if (!isSupportedBrowserImage(browser.imageName)) {
+  WindowProcess process = readWindowProcess(window);
+  if (!isSupportedBrowserImage(process.imageName)) {
     return std::nullopt;
   }
+  BrowserWindow browser;
+  browser.window = window;
+  browser.pid = process.pid;
+  browser.imageName = std::move(process.imageName);
   browser.displayName = browserDisplayName(browser.imageName);
   return browser;
 }
@@ -43,24 +45,6 @@ int countTabControls(const UiaSession& session, const UiaElement& root) {
     root.findAll(condition, controls);
   }
   return controls ? controls.length() : 0;
-}
-
-struct TabItemSearch {
-  UiaElementArray items;
-  HRESULT conditionResult = S_OK;
-  HRESULT searchResult = S_OK;
-  bool hasCondition = false;
-};
-
-TabItemSearch findTabItems(const UiaSession& session, const UiaElement& root) {
-  TabItemSearch search;
-  UiaCondition condition;
-  search.conditionResult = session.controlTypeCondition(UIA_TabItemControlTypeId, condition);
-  search.hasCondition = static_cast<bool>(condition);
-  if (search.hasCondition) {
-    search.searchResult = root.findAll(condition, search.items);
-  }
-  return search;
 }
 
 TabItemFacts readTabItem(const UiaElement& item, int index, const std::wstring& windowTitle) {
@@ -93,11 +77,11 @@ void readTabs(DiscoveryPass& pass, BrowserWindow& browser, const UiaElement& roo
   browser.tabControls = countTabControls(*pass.session, root);
   const TabItemSearch search = findTabItems(*pass.session, root);
   if (!search.hasCondition) {
-    xray.writeConditionFailure(search.conditionResult);
+    xray.writeConditionFailure(search.result);
     return;
   }
   if (!search.items) {
-    xray.writeSearchFailure(search.searchResult);
+    xray.writeSearchFailure(search.result);
     return;
   }
   browser.tabItems = search.items.length();
@@ -127,9 +111,8 @@ void inventoryWindow(HWND window, DiscoveryPass& pass) {
     return;
   }
   ++pass.browserWindows;
-  ++pass.browserOrdinal;
   browser->title = windowText(window);
-  const XrayDump xray(pass.trace, pass.passNumber, pass.browserOrdinal, *browser);
+  const XrayDump xray(pass.trace, pass.passNumber, pass.browserWindows, *browser);
   xray.writeWindow();
   UiaElement root;
   if (const HRESULT result = pass.session->elementFromHandle(window, root); !root) {
@@ -230,19 +213,15 @@ bool inspectWindowTabs(const UiaSession& session, HWND window, std::vector<TabCa
   for (int index = 0; index < length; ++index) {
     UiaElement item;
     items.elementAt(index, item);
-    std::wstring name = elementName(item);
-    if (name.empty()) {
+    TabItemFacts facts;
+    facts.index = index;
+    facts.name = elementName(item);
+    if (facts.name.empty()) {
       continue;
     }
-    TabCandidate tab;
-    tab.hwnd = window;
-    tab.pid = browser->pid;
-    tab.browser = browser->displayName;
-    tab.title = std::move(name);
-    tab.automationId = elementAutomationId(item);
-    tab.tabIndex = index;
-    tab.selected = item.isSelected();
-    tabs.push_back(std::move(tab));
+    facts.automationId = elementAutomationId(item);
+    facts.isUiaSelected = item.isSelected();
+    tabs.push_back(makeCandidate(*browser, facts));
   }
   if (trace != nullptr) {
     appendTrace(*trace, "Warm target inspection",

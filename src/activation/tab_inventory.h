@@ -22,9 +22,10 @@ DiscoveryPass runDiscoveryPass(const DiscoveryRequest& request);
 // ends the walk.
 BOOL CALLBACK enumBrowserWindow(HWND window, LPARAM pass);
 
-// The tabs of one known window, without address, proof or the sign of the window's title. False
-// when the window is gone, belongs to no supported browser or can't be searched; an empty list is
-// a success. `trace` may be null.
+// The tabs of one known window, without address, proof or the sign of the window's title; a tab
+// without a name is left out, and its index with it. False without a session and when the window is
+// gone, both of which leave `tabs` as it was; false with `tabs` emptied when the window belongs to no
+// supported browser or can't be searched. An empty list is a success. `trace` may be null.
 bool inspectWindowTabs(const UiaSession& session, HWND window, std::vector<TabCandidate>& tabs, TraceLog* trace);
 
 }  // namespace orvane

@@ -1,7 +1,6 @@
 #include "activation/tab_selection.h"
 
-#include <string_view>
-
+#include "activation/tab_items.h"
 #include "provider_identity/text_rules.h"
 #include "provider_identity/title_rules.h"
 
@@ -23,39 +22,36 @@ struct LiveTabs {
   int titleMatches = 0;
 };
 
+// Of a call that gave nothing.
+HRESULT errorOf(HRESULT result) { return FAILED(result) ? result : E_FAIL; }
+
 class TabResolution {
  public:
   TabResolution(const UiaSession& session, const TabCandidate& candidate, TraceLog* trace)
       : session_(session), candidate_(candidate), cleanRequestedTitle_(cleanTitle(candidate.title)), trace_(trace) {}
 
-  HRESULT findTabItems() {
+  HRESULT enumerate() {
     UiaElement root;
     if (const HRESULT result = session_.elementFromHandle(candidate_.hwnd, root); !root) {
-      return FAILED(result) ? result : E_FAIL;
+      return errorOf(result);
     }
-    UiaCondition condition;
-    if (const HRESULT result = session_.controlTypeCondition(UIA_TabItemControlTypeId, condition); !condition) {
-      return FAILED(result) ? result : E_FAIL;
+    const TabItemSearch search = findTabItems(session_, root);
+    if (!search.items) {
+      return errorOf(search.result);
     }
-    if (const HRESULT result = root.findAll(condition, items_); !items_) {
-      return FAILED(result) ? result : E_FAIL;
-    }
-    return S_OK;
-  }
-
-  void enumerate() {
-    const int length = items_.length();
+    const int length = search.items.length();
     step("Activation target", "requestedIndex=" + std::to_string(candidate_.tabIndex) + "; requestedTitle=\"" +
                                   traceSafeText(candidate_.title) + "\"; requestedAutomationId=\"" +
                                   traceSafeText(candidate_.automationId) +
                                   "\"; enumeratedTabs=" + std::to_string(length));
     for (int index = 0; index < length; ++index) {
       LiveTab tab;
-      items_.elementAt(index, tab.element);
+      search.items.elementAt(index, tab.element);
       if (tab.element) {
         consider(index, tab);
       }
     }
+    return S_OK;
   }
 
   // The tab that the candidate stands for; null when none can be told.
@@ -125,7 +121,6 @@ class TabResolution {
   const TabCandidate& candidate_;
   std::wstring cleanRequestedTitle_;
   TraceLog* trace_;
-  UiaElementArray items_;
   LiveTabs tabs_;
 };
 
@@ -137,10 +132,9 @@ HRESULT selectResolvedTab(const UiaSession& session, const TabCandidate& candida
     return E_INVALIDARG;
   }
   TabResolution resolution(session, candidate, trace);
-  if (const HRESULT result = resolution.findTabItems(); FAILED(result)) {
+  if (const HRESULT result = resolution.enumerate(); FAILED(result)) {
     return result;
   }
-  resolution.enumerate();
   const LiveTab* tab = resolution.decide();
   if (tab == nullptr) {
     return UIA_E_ELEMENTNOTAVAILABLE;
@@ -152,6 +146,14 @@ HRESULT selectResolvedTab(const UiaSession& session, const TabCandidate& candida
     *resolvedAutomationId = tab->automationId;
   }
   return resolution.selectAndReadBack(*tab);
+}
+
+HRESULT restoreTab(const UiaSession& session, const TabCandidate& original, std::wstring& resolvedTitle,
+                   std::wstring& resolvedAutomationId, const char* stepName, TraceLog& trace) {
+  const HRESULT result = selectResolvedTab(session, original, &resolvedTitle, &resolvedAutomationId, &trace);
+  appendTrace(trace, stepName,
+              SUCCEEDED(result) ? "PASS: original tab restored" : "FAIL: original tab could not be restored");
+  return result;
 }
 
 HRESULT selectTabElement(const UiaElement& tabItem) {

@@ -1,16 +1,14 @@
 #include "activation/warm_route.h"
 
-#include <cstdint>
 #include <vector>
 
 #include "activation/elapsed_timer.h"
 #include "activation/process_image.h"
+#include "activation/provider_foreground.h"
 #include "activation/tab_inventory.h"
 #include "activation/tab_selection.h"
 #include "composer/chatgpt_composer.h"
-#include "composer/foreground.h"
 #include "composer/window_text.h"
-#include "embedding/utf_conversion.h"
 #include "provider_identity/address_reader.h"
 #include "provider_identity/address_rules.h"
 #include "provider_identity/provider_tables.h"
@@ -90,9 +88,7 @@ class WarmRoute {
   }
 
   bool isRememberedBrowser() {
-    DWORD pid = 0;
-    ::GetWindowThreadProcessId(remembered_.windowHandle, &pid);
-    const std::wstring browser = browserDisplayName(processImageName(pid));
+    const std::wstring browser = browserDisplayName(readWindowProcess(remembered_.windowHandle).imageName);
     return toLower(browser) == toLower(remembered_.browser) || miss("MISS: remembered window browser changed");
   }
 
@@ -171,13 +167,11 @@ class WarmRoute {
   }
 
   bool bringToFront(const std::string& outcome) {
-    const bool isChatGpt = key_ == provider_key::chatGpt;
-    const bool isConfirmed =
-        isChatGpt ? forceForeground(remembered_.windowHandle) : bringForward(remembered_.windowHandle);
+    const bool isConfirmed = bringProviderForward(key_, remembered_.windowHandle);
     step("Warm foreground", isConfirmed ? "PASS" : "REQUESTED");
     appendTotal(outcome);
     result_ = {*target_, resolvedTitle_, resolvedAutomationId_};
-    return !isChatGpt || isConfirmed;
+    return isConfirmed || key_ != provider_key::chatGpt;
   }
 
   // The tab that the user was on is selected again; it may itself be the provider's.
@@ -187,10 +181,7 @@ class WarmRoute {
     }
     resolvedTitle_.clear();
     resolvedAutomationId_.clear();
-    const HRESULT result = selectResolvedTab(session_, *current_, &resolvedTitle_, &resolvedAutomationId_, &trace_);
-    step("Warm restoration",
-         SUCCEEDED(result) ? "PASS: original tab restored" : "FAIL: original tab could not be restored");
-    if (FAILED(result)) {
+    if (FAILED(restoreTab(session_, *current_, resolvedTitle_, resolvedAutomationId_, "Warm restoration", trace_))) {
       return fallBack();
     }
     const Verdict verdict = verifyWarmProvider();

@@ -72,6 +72,25 @@ TEST(Discovery, TakesThreePassesWithTheirPauses_WhenItFindsNothing) {
   expectOnlyRead(desktop);
 }
 
+TEST(Discovery, TellsHowLongEachPassTook_WhenABrowserIsSlow) {
+  SimulatedDesktop desktop(browserTabs("[" + selectedTab("Mail") + "]"));
+  Discovery discovery(L"Claude");
+  DWORD slownessMs = 7;
+  desktop.world().books().watch([&slownessMs](std::string_view call, const auto*, const auto*) {
+    if (call == "IUIAutomationElement::get_CurrentFrameworkId") {
+      ::Sleep(slownessMs);
+      slownessMs += 4;
+    }
+  });
+
+  runDiscovery(discovery.request());
+
+  desktop.world().books().watch({});
+  EXPECT_EQ(resultsOf(discovery.trace, "Timing discovery pass 1"), Results{"7 ms"});
+  EXPECT_EQ(resultsOf(discovery.trace, "Timing discovery pass 2"), Results{"11 ms"});
+  EXPECT_EQ(resultsOf(discovery.trace, "Timing discovery pass 3"), Results{"15 ms"});
+}
+
 TEST(Discovery, DescribesTheLastPass_WhenAWindowComesMeanwhile) {
   const SimulatedDesktop desktop(
       browserTabs("[" + selectedTab("Mail") + "]", "[]",
@@ -81,7 +100,7 @@ TEST(Discovery, DescribesTheLastPass_WhenAWindowComesMeanwhile) {
   const DiscoveryPass pass = runDiscovery(discovery.request());
 
   EXPECT_EQ(pass.passNumber, 2U);
-  EXPECT_EQ(pass.browserOrdinal, 1U) << "each pass counts afresh";
+  EXPECT_EQ(pass.browserWindows, 1U) << "each pass counts afresh";
   EXPECT_EQ(desktop.nowMs(), 150);
   EXPECT_EQ(countersOf(discovery), (Results{"2", "1", "1", "2", "1", "0", "1"}));
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "activation/com_apartment.h"
 #include "activation/process_image.h"
@@ -10,13 +9,11 @@
 #include "composer/window_text.h"
 #include "provider_identity/address_reader.h"
 #include "provider_identity/address_rules.h"
-#include "provider_identity/text_rules.h"
 
 namespace orvane::snapshot {
 namespace {
 
 constexpr int greatestClassNameUnits = 256;
-constexpr std::array<std::wstring_view, 3> addressFieldWords{L"address", L"omnibox", L"location"};
 
 bool isField(int type) { return type == UIA_EditControlTypeId || type == UIA_DocumentControlTypeId; }
 
@@ -86,18 +83,15 @@ bool liesInDocument(const UiaElement& tabItem, const std::vector<CapturedElement
 }
 
 bool showsAddress(const CapturedElement& element, const std::wstring& address) {
-  const std::array<std::wstring_view, 4> texts{element.value ? std::wstring_view(*element.value) : std::wstring_view(),
-                                               element.legacyValue, element.helpText,
-                                               element.name ? std::wstring_view(*element.name) : std::wstring_view()};
-  const auto first = std::find_if(texts.begin(), texts.end(), isAddressText);
-  return first != texts.end() && *first == address;
+  return addressOfField({.value = element.value.value_or(std::wstring()),
+                         .valueProperty = {},
+                         .legacyValue = element.legacyValue,
+                         .helpText = element.helpText,
+                         .name = element.name.value_or(std::wstring())}) == address;
 }
 
-bool namesAddressField(const CapturedElement& element) {
-  const std::wstring text =
-      element.name.value_or(std::wstring()) + L" " + element.automationId + L" " + element.className;
-  return std::any_of(addressFieldWords.begin(), addressFieldWords.end(),
-                     [&](std::wstring_view word) { return textContains(text, word); });
+bool isNamedAsAddressField(const CapturedElement& element) {
+  return namesAddressField(element.name.value_or(std::wstring()), element.automationId, element.className);
 }
 
 using Elements = std::vector<CapturedElement>;
@@ -123,7 +117,8 @@ std::optional<CapturedElement> takeAddressBar(Elements& elements, const std::wst
       return bar;
     }
   }
-  auto bar = takeFirst(elements, [](const CapturedElement& each) { return isEdit(each) && namesAddressField(each); });
+  auto bar =
+      takeFirst(elements, [](const CapturedElement& each) { return isEdit(each) && isNamedAsAddressField(each); });
   if (bar && !address.empty()) {
     // It shows its address by the property alone.
     bar->hasValue = true;
@@ -206,12 +201,6 @@ BOOL CALLBACK noteWindow(HWND window, LPARAM windows) {
   return TRUE;
 }
 
-std::wstring imageNameOf(HWND window) {
-  DWORD pid = 0;
-  ::GetWindowThreadProcessId(window, &pid);
-  return processImageName(pid);
-}
-
 }  // namespace
 
 CaptureResult captureDesktop(const std::vector<std::wstring>& imageNames) {
@@ -227,7 +216,7 @@ CaptureResult captureDesktop(const std::vector<std::wstring>& imageNames) {
     if (::IsWindow(handle) == FALSE || ::GetAncestor(handle, GA_ROOT) != handle) {
       continue;
     }
-    const std::wstring imageName = imageNameOf(handle);
+    const std::wstring imageName = readWindowProcess(handle).imageName;
     if (std::find(imageNames.begin(), imageNames.end(), imageName) != imageNames.end()) {
       result.desktop.windows.push_back(readWindow(session, handle, imageName));
     }
