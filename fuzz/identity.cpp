@@ -1,12 +1,10 @@
-#include <array>
 #include <cstdint>
-#include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "provider_identity/address_rules.h"
 #include "provider_identity/candidate_rules.h"
+#include "provider_identity/candidates.h"
 #include "provider_identity/identity_model.h"
 #include "provider_identity/title_rules.h"
 #include "support/find.h"
@@ -56,10 +54,10 @@ class Input {
   std::vector<std::string> lines_;
 };
 
-std::uintptr_t windowNumber(int number) { return static_cast<std::uintptr_t>(number) * 0xA0; }
+HWND windowOf(int number) { return candidate_tests::windowOf(static_cast<std::uintptr_t>(number) * 0xA0); }
 
-model::Request makeRequest(const Input& input) {
-  model::Request request;
+IdentityRequest makeRequest(const Input& input) {
+  IdentityRequest request;
   request.name = input.text(Line::name);
   request.domain = input.text(Line::domain);
   for (const std::string& pattern : splitText(input.bytes(Line::patterns), '|')) {
@@ -68,14 +66,14 @@ model::Request makeRequest(const Input& input) {
   request.rememberedTitle = input.text(Line::rememberedTitle);
   request.rememberedAutomationId = input.text(Line::rememberedAutomationId);
   request.rememberedBrowser = input.text(Line::rememberedBrowser);
-  request.rememberedWindow = windowNumber(input.number(0));
+  request.rememberedWindow = windowOf(input.number(0));
   request.rememberedTabIndex = input.number(1) - 1;
   return request;
 }
 
 TabCandidate makeTab(const Input& input) {
   TabCandidate tab;
-  tab.hwnd = reinterpret_cast<HWND>(windowNumber(input.number(2)));
+  tab.hwnd = windowOf(input.number(2));
   tab.tabIndex = input.number(3);
   tab.title = input.text(Line::title);
   tab.url = input.text(Line::address);
@@ -114,30 +112,6 @@ void checkAddress(const std::wstring& address) {
   require(hostOfAddress(address) == expectedHost(address), "the host is that of the model");
 }
 
-std::set<std::string> namesOf(const TabFlags& flags) {
-  const std::array<std::pair<const char*, bool>, 12> all{{
-      {"domain", flags.domain},
-      {"remembered", flags.remembered},
-      {"exactRememberedTitle", flags.exactRememberedTitle},
-      {"rememberedAutomationId", flags.rememberedAutomationId},
-      {"rememberedPosition", flags.rememberedPosition},
-      {"anchoredTitle", flags.anchoredTitle},
-      {"verifiedContent", flags.verifiedContent},
-      {"rawTitle", flags.rawTitle},
-      {"companyHomepage", flags.companyHomepage},
-      {"otherProviderAddress", flags.otherProviderAddress},
-      {"nonChatClaudePage", flags.nonChatClaudePage},
-      {"otherProviderTitle", flags.otherProviderTitle},
-  }};
-  std::set<std::string> names;
-  for (const auto& [name, holds] : all) {
-    if (holds) {
-      names.insert(name);
-    }
-  }
-  return names;
-}
-
 const char* nameOf(TabDecision decision) {
   switch (decision) {
     case TabDecision::rejectCompanyHomepage:
@@ -154,14 +128,12 @@ const char* nameOf(TabDecision decision) {
   return "";
 }
 
-void checkAcceptance(TabCandidate tab, const model::Request& request) {
+void checkAcceptance(TabCandidate tab, const IdentityRequest& request) {
   const model::Verdict expected = model::judge(tab, request);
-  const IdentityTerms terms = makeIdentityTerms(
-      request.name, request.domain, request.patterns, request.rememberedTitle, request.rememberedAutomationId,
-      request.rememberedBrowser, reinterpret_cast<HWND>(request.rememberedWindow), request.rememberedTabIndex);
+  const IdentityTerms terms = makeIdentityTerms(request);
   const TabFlags flags = evaluateTab(tab, terms);
   const TabDecision decision = decideTab(tab, flags, terms);
-  require(namesOf(flags) == expected.flags, "the flags are those of the model");
+  require(candidate_tests::namesOf(flags) == expected.flags, "the flags are those of the model");
   require(nameOf(decision) == expected.decision, "the decision is that of the model");
   const bool isAccepted = decision == TabDecision::accept;
   require(tab.providerMatch == isAccepted && tab.explicitMatch == expected.isExplicit &&

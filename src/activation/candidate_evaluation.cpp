@@ -27,9 +27,14 @@ void appendClosingSteps(const DiscoveryRequest& request, const IdentityTerms& te
 }  // namespace
 
 void evaluateInventory(const DiscoveryRequest& request, const DiscoveryPass& pass, const ElapsedTimer& timer) {
-  const IdentityTerms terms =
-      makeIdentityTerms(pass.name, pass.domain, pass.patterns, pass.rememberedTitle, request.rememberedAutomationId,
-                        request.rememberedBrowser, request.rememberedWindowHandle, request.rememberedTabIndex);
+  const IdentityTerms terms = makeIdentityTerms({.name = pass.name,
+                                                 .domain = pass.domain,
+                                                 .patterns = pass.patterns,
+                                                 .rememberedTitle = pass.rememberedTitle,
+                                                 .rememberedAutomationId = request.rememberedAutomationId,
+                                                 .rememberedBrowser = request.rememberedBrowser,
+                                                 .rememberedWindow = request.rememberedWindowHandle,
+                                                 .rememberedTabIndex = request.rememberedTabIndex});
   std::size_t ordinal = 0;
   for (TabCandidate& tab : request.inventory) {
     const TabFlags flags = evaluateTab(tab, terms);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string_view>
 #include <utility>
 
 #include "provider_identity/address_rules.h"
@@ -99,24 +98,21 @@ std::string decisionText(TabDecision decision, std::int32_t score) {
 
 }  // namespace
 
-IdentityTerms makeIdentityTerms(const std::wstring& name, const std::wstring& domain,
-                                std::vector<std::wstring> patterns, const std::wstring& rememberedTitle,
-                                const std::wstring& rememberedAutomationId, const std::wstring& rememberedBrowser,
-                                HWND rememberedWindow, std::int32_t rememberedTabIndex) {
+IdentityTerms makeIdentityTerms(IdentityRequest request) {
   IdentityTerms terms;
-  terms.name = name;
-  terms.key = toLower(name);
-  terms.domain = domain;
-  terms.patterns = std::move(patterns);
-  terms.rememberedTitleIgnored = titleBelongsToOtherProvider(rememberedTitle, name);
+  terms.key = toLower(request.name);
+  terms.rememberedTitleIgnored = titleBelongsToOtherProvider(request.rememberedTitle, request.name);
   if (!terms.rememberedTitleIgnored) {
-    terms.rememberedTitle = rememberedTitle;
+    terms.rememberedTitle = std::move(request.rememberedTitle);
   }
   terms.cleanRememberedTitle = cleanTitle(terms.rememberedTitle);
-  terms.rememberedAutomationId = rememberedAutomationId;
-  terms.rememberedBrowserKey = toLower(rememberedBrowser);
-  terms.rememberedWindow = rememberedWindow;
-  terms.rememberedTabIndex = rememberedTabIndex;
+  terms.rememberedBrowserKey = toLower(request.rememberedBrowser);
+  terms.name = std::move(request.name);
+  terms.domain = std::move(request.domain);
+  terms.patterns = std::move(request.patterns);
+  terms.rememberedAutomationId = std::move(request.rememberedAutomationId);
+  terms.rememberedWindow = request.rememberedWindow;
+  terms.rememberedTabIndex = request.rememberedTabIndex;
   return terms;
 }
 

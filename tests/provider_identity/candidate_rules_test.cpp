@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,11 +21,11 @@ std::optional<int> scoreOf(const Judgement& judgement) {
 }
 
 TEST(IdentityTerms, AreDerivedOnce) {
-  Request request = requestFor(L"ChatGPT Plus");
+  IdentityRequest request = requestFor(L"ChatGPT Plus");
   request.rememberedTitle = L"Recipe Ideas - Memory Saver - x";
   request.rememberedBrowser = L"Chrome";
 
-  const IdentityTerms terms = termsOf(request);
+  const IdentityTerms terms = makeIdentityTerms(request);
 
   EXPECT_EQ(terms.key, L"chatgpt plus");
   EXPECT_EQ(terms.rememberedTitle, L"Recipe Ideas - Memory Saver - x");
@@ -36,10 +35,10 @@ TEST(IdentityTerms, AreDerivedOnce) {
 }
 
 TEST(IdentityTerms, IgnoreARememberedTitle_WhenItBelongsToAnotherProvider) {
-  Request request = requestFor(L"gemini");
+  IdentityRequest request = requestFor(L"gemini");
   request.rememberedTitle = L"Plan - Claude";
 
-  const IdentityTerms terms = termsOf(request);
+  const IdentityTerms terms = makeIdentityTerms(request);
 
   EXPECT_TRUE(terms.rememberedTitleIgnored);
   EXPECT_EQ(terms.rememberedTitle, L"");
@@ -153,14 +152,14 @@ TEST(TabDecision, AcceptsTheRememberedPosition_WithoutAStrictTitle) {
 
 TEST(TabDecision, LeavesTheRememberedPositionAside_WhenAnyPartOfItDiffers) {
   const TabCandidate tab = inactiveTab(L"Recipe ideas");
-  std::vector<Request> others(6, rememberingPosition());
+  std::vector<IdentityRequest> others(6, rememberingPosition());
   others[0].name = L"gemini";
   others[1].rememberedBrowser = L"Edge";
   others[2].rememberedBrowser = L"";
-  others[3].rememberedWindow = 0xA1;
+  others[3].rememberedWindow = windowOf(0xA1);
   others[4].rememberedTabIndex = 1;
   others[5].rememberedTabIndex = -1;
-  for (const Request& request : others) {
+  for (const IdentityRequest& request : others) {
     const Judgement judgement = judge(tab, request);
     EXPECT_FALSE(judgement.flags.rememberedPosition);
     EXPECT_EQ(judgement.decision, TabDecision::noMatch);
@@ -170,15 +169,15 @@ TEST(TabDecision, LeavesTheRememberedPositionAside_WhenAnyPartOfItDiffers) {
 TEST(TabDecision, LeavesTheRememberedPositionAside_WhenNoWindowWasRemembered) {
   TabCandidate tab = inactiveTab(L"Recipe ideas");
   tab.hwnd = nullptr;
-  Request request = rememberingPosition();
-  request.rememberedWindow = 0;
+  IdentityRequest request = rememberingPosition();
+  request.rememberedWindow = nullptr;
   EXPECT_FALSE(judge(tab, request).flags.rememberedPosition);
 }
 
 TEST(TabDecision, LeavesTheRememberedPositionAside_WhenNoIndexWasRemembered) {
   TabCandidate tab = inactiveTab(L"Recipe ideas");
   tab.tabIndex = -1;
-  Request request = rememberingPosition();
+  IdentityRequest request = rememberingPosition();
   request.rememberedTabIndex = -1;
   EXPECT_FALSE(judge(tab, request).flags.rememberedPosition);
 }
@@ -198,7 +197,7 @@ TEST(TabDecision, RefusesTheRememberedPosition_WhenTheTitleIsNoChats) {
 }
 
 TEST(TabDecision, AcceptsTheExactRememberedTitle_InTheRememberedBrowserAlone) {
-  Request request;
+  IdentityRequest request = requestFor(L"ChatGPT");
   request.rememberedTitle = L"Recipe ideas";
   request.rememberedBrowser = L"chrome";
   const Judgement judgement = judge(inactiveTab(L"Recipe ideas - Sleeping tab - x"), request);
@@ -212,7 +211,7 @@ TEST(TabDecision, AcceptsTheExactRememberedTitle_InTheRememberedBrowserAlone) {
 }
 
 TEST(TabDecision, IsNoMatch_WhenAChatGptTabOnlyResemblesTheRememberedTitle) {
-  Request request;
+  IdentityRequest request = requestFor(L"ChatGPT");
   request.rememberedTitle = L"Recipe ideas";
   request.rememberedBrowser = L"Chrome";
   const Judgement judgement = judge(inactiveTab(L"Recipe ideas for a week"), request);
@@ -223,7 +222,7 @@ TEST(TabDecision, IsNoMatch_WhenAChatGptTabOnlyResemblesTheRememberedTitle) {
 
 TEST(TabDecision, RefusesTheExactRememberedTitle_WhenItIsNoChats) {
   for (const wchar_t* title : {L"Settings", L"OpenAI"}) {
-    Request request;
+    IdentityRequest request = requestFor(L"ChatGPT");
     request.rememberedTitle = title;
     request.rememberedBrowser = L"Chrome";
     EXPECT_EQ(judge(inactiveTab(title), request).decision, TabDecision::noMatch);
@@ -238,7 +237,7 @@ TEST(TabDecision, AcceptsAMention_ForOtherProvidersWithTheLowestScore) {
 }
 
 TEST(TabDecision, AcceptsAMentionOfAPattern_UnlessTheKeyIsChatGpt) {
-  Request request = requestFor(L"qwen");
+  IdentityRequest request = requestFor(L"qwen");
   request.patterns = {L"", L"通义"};
   EXPECT_EQ(scoreOf(judge(inactiveTab(L"通义千问"), request)), 60);
   EXPECT_EQ(judge(inactiveTab(L"Anything"), request).decision, TabDecision::noMatch);
@@ -251,7 +250,7 @@ TEST(TabDecision, GivesGeminisTitlePointsOnce) {
 }
 
 TEST(TabDecision, AcceptsARememberedTitle_ForOtherProviders) {
-  Request request = requestFor(L"perplexity");
+  IdentityRequest request = requestFor(L"perplexity");
   request.rememberedTitle = L"Recipe ideas";
   const Judgement judgement = judge(inactiveTab(L"Recipe ideas for a week"), request);
   EXPECT_EQ(scoreOf(judgement), 260);
@@ -260,7 +259,7 @@ TEST(TabDecision, AcceptsARememberedTitle_ForOtherProviders) {
 }
 
 TEST(TabDecision, AddsTheRememberedAutomationId_WhenTitleBrowserAndCaseFit) {
-  Request request = requestFor(L"perplexity");
+  IdentityRequest request = requestFor(L"perplexity");
   request.rememberedTitle = L"Recipe ideas";
   request.rememberedAutomationId = L"tab-A";
   request.rememberedBrowser = L"CHROME";
@@ -289,13 +288,13 @@ TEST(TabDecision, LooksAtNoAddress_WhenTheTabIsNotSelected) {
   TabCandidate tab = inactiveTab(L"Anything");
   tab.url = L"https://openai.com/";
   tab.verifiedContent = true;
-  const TabFlags flags = evaluateTab(tab, termsOf(requestFor(L"chatgpt", L"openai.com")));
+  const TabFlags flags = evaluateTab(tab, makeIdentityTerms(requestFor(L"chatgpt", L"openai.com")));
   EXPECT_FALSE(flags.domain);
   EXPECT_FALSE(flags.companyHomepage);
   EXPECT_FALSE(flags.otherProviderAddress);
   EXPECT_FALSE(flags.verifiedContent);
   tab.url = L"https://claude.ai/settings";
-  EXPECT_FALSE(evaluateTab(tab, termsOf(requestFor(L"claude"))).nonChatClaudePage);
+  EXPECT_FALSE(evaluateTab(tab, makeIdentityTerms(requestFor(L"claude"))).nonChatClaudePage);
 }
 
 TEST(TabDecision, AcceptsAnUnknownProvider_ByItsDomainAlone) {
@@ -303,19 +302,6 @@ TEST(TabDecision, AcceptsAnUnknownProvider_ByItsDomainAlone) {
       judge(selectedTab(L"Start", L"https://chat.qwen.ai/c/1"), requestFor(L"qwen", L"chat.qwen.ai"));
   EXPECT_EQ(scoreOf(judgement), 300 + 20);
   EXPECT_TRUE(judgement.tab.explicitMatch);
-}
-
-TEST(TabDecision, KeepsTheWindowEnumeratedFirst_WhenScoresAreEqual) {
-  std::vector<TabCandidate> candidates;
-  for (const std::uintptr_t window : {0x10, 0x20}) {
-    TabCandidate tab = inactiveTab(L"ChatGPT");
-    tab.hwnd = windowOf(window);
-    candidates.push_back(judge(tab, requestFor(L"chatgpt")).tab);
-  }
-  ASSERT_EQ(candidates[0].score, candidates[1].score);
-  std::stable_sort(candidates.begin(), candidates.end(),
-                   [](const TabCandidate& left, const TabCandidate& right) { return left.score > right.score; });
-  EXPECT_EQ(candidates.front().hwnd, windowOf(0x10));
 }
 
 }  // namespace

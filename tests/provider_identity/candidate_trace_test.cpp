@@ -15,7 +15,7 @@ TEST(TraceTab, WritesOneLine_ForAnAcceptedTab) {
   TabCandidate tab = selectedTab(L"Chat\nGPT", L"https://chatgpt.com/c/1");
   tab.hwnd = windowOf(0xAB0C);
   tab.automationId = L"view_1";
-  const IdentityTerms terms = termsOf(requestFor(L"ChatGPT", chatGptDomain));
+  const IdentityTerms terms = makeIdentityTerms(requestFor(L"ChatGPT", chatGptDomain));
   const TabFlags flags = evaluateTab(tab, terms);
   const TabDecision decision = decideTab(tab, flags, terms);
 
@@ -27,7 +27,7 @@ TEST(TraceTab, WritesOneLine_ForAnAcceptedTab) {
 }
 
 TEST(TraceTab, WritesEachFlagInItsPlace) {
-  Request request = rememberingPosition();
+  IdentityRequest request = rememberingPosition();
   request.rememberedTitle = L"ChatGPT";
   request.rememberedAutomationId = L"a";
   TabCandidate tab = inactiveTab(L"ChatGPT");

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <set>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "provider_identity/candidate_rules.h"
 
@@ -13,28 +15,17 @@ inline constexpr const wchar_t* chatGptDomain = L"chatgpt.com";
 
 inline HWND windowOf(std::uintptr_t number) { return reinterpret_cast<HWND>(number); }
 
-struct Request {
-  std::wstring name = L"ChatGPT";
-  std::wstring domain;
-  std::vector<std::wstring> patterns;
-  std::wstring rememberedTitle;
-  std::wstring rememberedAutomationId;
-  std::wstring rememberedBrowser;
-  std::uintptr_t rememberedWindow = 0;
-  std::int32_t rememberedTabIndex = -1;
-};
-
-inline Request requestFor(const std::wstring& name, const std::wstring& domain = L"") {
-  Request request;
+inline IdentityRequest requestFor(const std::wstring& name, const std::wstring& domain = L"") {
+  IdentityRequest request;
   request.name = name;
   request.domain = domain;
   return request;
 }
 
-inline Request rememberingPosition() {
-  Request request;
+inline IdentityRequest rememberingPosition() {
+  IdentityRequest request = requestFor(L"ChatGPT");
   request.rememberedBrowser = L"Chrome";
-  request.rememberedWindow = 0xA0;
+  request.rememberedWindow = windowOf(0xA0);
   request.rememberedTabIndex = 2;
   return request;
 }
@@ -62,14 +53,33 @@ struct Judgement {
   std::string line;
 };
 
-inline IdentityTerms termsOf(const Request& request) {
-  return makeIdentityTerms(request.name, request.domain, request.patterns, request.rememberedTitle,
-                           request.rememberedAutomationId, request.rememberedBrowser,
-                           windowOf(request.rememberedWindow), request.rememberedTabIndex);
+// The names of the flags that hold.
+inline std::set<std::string> namesOf(const TabFlags& flags) {
+  const std::array<std::pair<const char*, bool>, 12> all{{
+      {"domain", flags.domain},
+      {"remembered", flags.remembered},
+      {"exactRememberedTitle", flags.exactRememberedTitle},
+      {"rememberedAutomationId", flags.rememberedAutomationId},
+      {"rememberedPosition", flags.rememberedPosition},
+      {"anchoredTitle", flags.anchoredTitle},
+      {"verifiedContent", flags.verifiedContent},
+      {"rawTitle", flags.rawTitle},
+      {"companyHomepage", flags.companyHomepage},
+      {"otherProviderAddress", flags.otherProviderAddress},
+      {"nonChatClaudePage", flags.nonChatClaudePage},
+      {"otherProviderTitle", flags.otherProviderTitle},
+  }};
+  std::set<std::string> names;
+  for (const auto& [name, holds] : all) {
+    if (holds) {
+      names.insert(name);
+    }
+  }
+  return names;
 }
 
-inline Judgement judge(TabCandidate tab, const Request& request) {
-  const IdentityTerms terms = termsOf(request);
+inline Judgement judge(TabCandidate tab, const IdentityRequest& request) {
+  const IdentityTerms terms = makeIdentityTerms(request);
   const TabFlags flags = evaluateTab(tab, terms);
   const TabDecision decision = decideTab(tab, flags, terms);
   std::string line = describeTabDecision(1, tab, flags, decision);

@@ -25,11 +25,11 @@ bool isAnchored(const std::wstring& title, const std::wstring& key) {
          (named != L"" && named == key);
 }
 
-bool isInRememberedBrowser(const TabCandidate& tab, const Request& request) {
+bool isInRememberedBrowser(const TabCandidate& tab, const IdentityRequest& request) {
   return request.rememberedBrowser != L"" && fold(request.rememberedBrowser) == fold(tab.browser);
 }
 
-bool isMentioned(const std::wstring& title, const Request& request) {
+bool isMentioned(const std::wstring& title, const IdentityRequest& request) {
   bool found = request.name != L"" && holds(fold(title), fold(request.name));
   for (const std::wstring& pattern : request.patterns) {
     found = found || (pattern != L"" && holds(fold(title), fold(pattern)));
@@ -37,7 +37,7 @@ bool isMentioned(const std::wstring& title, const Request& request) {
   return found;
 }
 
-void noteFlags(const TabCandidate& tab, const Request& request, std::set<std::string>& flags) {
+void noteFlags(const TabCandidate& tab, const IdentityRequest& request, std::set<std::string>& flags) {
   const std::wstring key = fold(request.name);
   const std::wstring remembered = belongsToOther(request.rememberedTitle, request.name) ? L"" : request.rememberedTitle;
   const auto note = [&flags](const char* flag, bool isTrue) {
@@ -52,8 +52,8 @@ void noteFlags(const TabCandidate& tab, const Request& request, std::set<std::st
   note("rememberedAutomationId", flags.count("remembered") == 1 && request.rememberedAutomationId != L"" &&
                                      isInRememberedBrowser(tab, request) &&
                                      tab.automationId == request.rememberedAutomationId);
-  note("rememberedPosition", key == L"chatgpt" && request.rememberedWindow != 0 && request.rememberedTabIndex >= 0 &&
-                                 reinterpret_cast<std::uintptr_t>(tab.hwnd) == request.rememberedWindow &&
+  note("rememberedPosition", key == L"chatgpt" && request.rememberedWindow != nullptr &&
+                                 request.rememberedTabIndex >= 0 && tab.hwnd == request.rememberedWindow &&
                                  tab.tabIndex == request.rememberedTabIndex && isInRememberedBrowser(tab, request));
   note("anchoredTitle", isAnchored(tab.title, key));
   note("verifiedContent", key == L"chatgpt" && tab.selected && tab.verifiedContent);
@@ -65,7 +65,7 @@ void noteFlags(const TabCandidate& tab, const Request& request, std::set<std::st
   note("otherProviderTitle", (named != L"" && named != key) || belongsToOther(tab.title, request.name));
 }
 
-bool acceptChatGpt(const TabCandidate& tab, const Request& request, Verdict& verdict) {
+bool acceptChatGpt(const TabCandidate& tab, const IdentityRequest& request, Verdict& verdict) {
   const auto is = [&verdict](const char* flag) { return verdict.flags.count(flag) == 1; };
   const bool isCompany = isCompanyTitle(tab.title);
   const bool exact = !tab.selected && is("exactRememberedTitle") && isInRememberedBrowser(tab, request) &&
@@ -181,7 +181,7 @@ bool isUsableClaudePage(const std::wstring& address) {
          text == L"https://claude.ai";
 }
 
-Verdict judge(const TabCandidate& tab, const Request& request) {
+Verdict judge(const TabCandidate& tab, const IdentityRequest& request) {
   Verdict verdict;
   noteFlags(tab, request, verdict.flags);
   const auto is = [&verdict](const char* flag) { return verdict.flags.count(flag) == 1; };

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <set>
 #include <string>
-#include <vector>
 
-#include "provider_identity/tab_candidate.h"
+#include "provider_identity/candidate_rules.h"
 
 // The identity rules once more, as plainly as can be: no tables shared, nothing short-circuited.
 namespace orvane::identity_model {
@@ -23,17 +21,6 @@ bool isAddress(const std::wstring& text);
 bool isCompanyPage(const std::wstring& address);
 bool isUsableClaudePage(const std::wstring& address);
 
-struct Request {
-  std::wstring name;
-  std::wstring domain;
-  std::vector<std::wstring> patterns;
-  std::wstring rememberedTitle;
-  std::wstring rememberedAutomationId;
-  std::wstring rememberedBrowser;
-  std::uintptr_t rememberedWindow = 0;
-  std::int32_t rememberedTabIndex = -1;
-};
-
 struct Verdict {
   std::set<std::string> flags;  // the names of those that hold
   std::string decision;         // as the trace writes it
@@ -42,6 +29,6 @@ struct Verdict {
   int score = 0;
 };
 
-Verdict judge(const TabCandidate& tab, const Request& request);
+Verdict judge(const TabCandidate& tab, const IdentityRequest& request);
 
 }  // namespace orvane::identity_model

@@ -11,6 +11,7 @@
 
 #include "provider_identity/address_rules.h"
 #include "provider_identity/candidate_rules.h"
+#include "provider_identity/candidates.h"
 #include "provider_identity/title_rules.h"
 
 namespace orvane {
@@ -156,17 +157,18 @@ TEST(AddressRules, AgreeWithTheModel_ForAnyAddress) {
   EXPECT_EQ(seen.size(), 7U) << "each provider and none came up";
 }
 
-HWND windowOf(std::uintptr_t number) { return reinterpret_cast<HWND>(number); }
+using candidate_tests::namesOf;
+using candidate_tests::windowOf;
 
-model::Request makeRequest(Texts& texts) {
-  model::Request request;
+IdentityRequest makeRequest(Texts& texts) {
+  IdentityRequest request;
   request.name = texts.name();
   request.domain = texts.domain();
   if (texts.isTrue(3)) request.patterns = {texts.title(), L"", L"recipe"};
   request.rememberedTitle = texts.isTrue(2) ? L"Recipe ideas" : texts.title();
   request.rememberedAutomationId = texts.automationId();
   request.rememberedBrowser = texts.browser();
-  request.rememberedWindow = texts.below(3) * 0xA0;
+  request.rememberedWindow = windowOf(texts.below(3) * 0xA0);
   request.rememberedTabIndex = static_cast<std::int32_t>(texts.below(4)) - 1;
   return request;
 }
@@ -185,28 +187,6 @@ TabCandidate makeTab(Texts& texts) {
   return tab;
 }
 
-std::set<std::string> namesOf(const TabFlags& flags) {
-  const std::array<std::pair<const char*, bool>, 12> all{{
-      {"domain", flags.domain},
-      {"remembered", flags.remembered},
-      {"exactRememberedTitle", flags.exactRememberedTitle},
-      {"rememberedAutomationId", flags.rememberedAutomationId},
-      {"rememberedPosition", flags.rememberedPosition},
-      {"anchoredTitle", flags.anchoredTitle},
-      {"verifiedContent", flags.verifiedContent},
-      {"rawTitle", flags.rawTitle},
-      {"companyHomepage", flags.companyHomepage},
-      {"otherProviderAddress", flags.otherProviderAddress},
-      {"nonChatClaudePage", flags.nonChatClaudePage},
-      {"otherProviderTitle", flags.otherProviderTitle},
-  }};
-  std::set<std::string> names;
-  for (const auto& [name, holds] : all) {
-    if (holds) names.insert(name);
-  }
-  return names;
-}
-
 std::string decisionPart(const std::string& line) {
   const std::string start = "; decision=";
   const std::size_t at = line.rfind(start);
@@ -222,15 +202,13 @@ TEST(CandidateRules, AgreeWithTheModel_ForAnyTab) {
   std::map<std::string, int> decisions;
   std::set<std::string> flagsSeen;
   for (int round = 0; round < 4 * rounds; ++round) {
-    const model::Request request = makeRequest(texts);
+    const IdentityRequest request = makeRequest(texts);
     TabCandidate tab = makeTab(texts);
     const model::Verdict expected = model::judge(tab, request);
     SCOPED_TRACE("round " + std::to_string(round) + ", title " + ::testing::PrintToString(tab.title) + ", address " +
                  ::testing::PrintToString(tab.url) + ", name " + ::testing::PrintToString(request.name));
 
-    const IdentityTerms terms = makeIdentityTerms(
-        request.name, request.domain, request.patterns, request.rememberedTitle, request.rememberedAutomationId,
-        request.rememberedBrowser, windowOf(request.rememberedWindow), request.rememberedTabIndex);
+    const IdentityTerms terms = makeIdentityTerms(request);
     const TabFlags flags = evaluateTab(tab, terms);
     const TabDecision decision = decideTab(tab, flags, terms);
     const std::string line = describeTabDecision(1, tab, flags, decision);

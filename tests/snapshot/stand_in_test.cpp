@@ -124,8 +124,11 @@ TabDecision decide(const ProviderCall& call, const std::wstring& title, const st
   tab.url = address;
   tab.selected = selected;
   tab.browser = L"Chrome";
-  const IdentityTerms terms = makeIdentityTerms(std::wstring(call.name), std::wstring(call.domain),
-                                                {std::wstring(call.pattern)}, L"", L"", L"", nullptr, -1);
+  IdentityRequest request;
+  request.name = call.name;
+  request.domain = call.domain;
+  request.patterns = {std::wstring(call.pattern)};
+  const IdentityTerms terms = makeIdentityTerms(std::move(request));
   const TabDecision decision = decideTab(tab, evaluateTab(tab, terms), terms);
   score = tab.score;
   return decision;
