@@ -13,13 +13,14 @@ namespace orvane {
 struct RememberedTarget {
   std::wstring title;
   std::wstring automationId;
-  std::wstring browser;  // display name
-  HWND windowHandle = nullptr;
-  std::int32_t tabIndex = -1;
+  std::wstring browser;         // display name
+  HWND windowHandle = nullptr;  // null: none
+  std::int32_t tabIndex = -1;   // negative: none
 };
 
 // Reads the five remembered arguments; handle and index travel as decimal texts, and what is
-// missing or of another type reads as empty.
+// missing or of another type reads as empty. An empty index is -1, one without digits 0; a handle
+// without digits is null.
 RememberedTarget readRememberedTarget(const EncodableMap& arguments);
 
 }  // namespace orvane
