@@ -117,8 +117,9 @@ std::wstring clean(const std::wstring& title) {
       if (text.compare(at, marker.size(), marker) == 0) text = text.substr(0, at);
     }
   }
-  const std::wstring whiteSpace = L" \t\n\v\f\r\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
-                                  L"\u2028\u2029\u202F\u205F\u3000";
+  const std::wstring whiteSpace =
+      L" \t\n\v\f\r\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A"
+      L"\u2028\u2029\u202F\u205F\u3000";
   while (text != L"" && whiteSpace.find(text[text.size() - 1]) != std::wstring::npos) text.pop_back();
   return text;
 }
