@@ -1,9 +1,9 @@
 #include "activation/process_image.h"
 
-#include <array>
+#include <cstddef>
 #include <string_view>
 
-#include "activation/process_handle.h"
+#include "embedding/unique_kernel_handle.h"
 #include "provider_identity/text_rules.h"
 
 namespace orvane {
@@ -13,17 +13,23 @@ constexpr DWORD imagePathCapacityUnits = 1040;
 
 }  // namespace
 
-std::wstring processImageName(DWORD pid) {
-  const UniqueProcessHandle process(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, pid));
+std::wstring processImagePath(DWORD pid, DWORD capacityUnits) {
+  const UniqueKernelHandle process(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, pid));
   if (!process) {
     return {};
   }
-  std::array<wchar_t, imagePathCapacityUnits> buffer{};
-  DWORD lengthUnits = imagePathCapacityUnits;
-  if (::QueryFullProcessImageNameW(process.get(), 0, buffer.data(), &lengthUnits) == FALSE) {
+  std::wstring path(capacityUnits, L'\0');
+  DWORD lengthUnits = capacityUnits;
+  if (::QueryFullProcessImageNameW(process.get(), 0, path.data(), &lengthUnits) == FALSE) {
     return {};
   }
-  const std::wstring_view path(buffer.data(), lengthUnits);
+  path.resize(lengthUnits);
+  return path;
+}
+
+std::wstring processImageName(DWORD pid) {
+  const std::wstring whole = processImagePath(pid, imagePathCapacityUnits);
+  const std::wstring_view path = whole;
   const std::size_t separator = path.find_last_of(L"\\/");
   return toLower(separator == std::wstring_view::npos ? path : path.substr(separator + 1));
 }

@@ -16,6 +16,7 @@
 #include "composer/prompt_state.h"
 #include "embedding/call_arguments.h"
 #include "embedding/reply_map.h"
+#include "embedding/shell_result.h"
 #include "embedding/utf_conversion.h"
 
 namespace orvane {
@@ -26,9 +27,6 @@ struct CommandContext {
   const EncodableMap* arguments;  // null when the call brought no map
   const ViewWindowReader& readViewWindow;
 };
-
-// ShellExecuteW tells success by a value above this one.
-constexpr INT_PTR greatestShellError = 32;
 
 EncodableMap messageReply(bool success, const std::string& message) {
   EncodableMap reply = successReply(success);

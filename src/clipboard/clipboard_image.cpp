@@ -1,6 +1,7 @@
 #include "clipboard/clipboard_image.h"
 
 #include "clipboard/bitmap_file.h"
+#include "clipboard/clipboard_block.h"
 #include "clipboard/clipboard_owners.h"
 
 namespace orvane {
@@ -8,33 +9,13 @@ namespace {
 
 constexpr const wchar_t* pngFormatName = L"PNG";
 
-// A block of the open clipboard, locked for as long as this stands.
-struct ClipboardBlock {
-  explicit ClipboardBlock(UINT format) {
-    const HGLOBAL block = ::GetClipboardData(format);
-    if (block == nullptr) {
-      return;
-    }
-    sizeBytes = ::GlobalSize(block);
-    bytes = static_cast<const std::uint8_t*>(::GlobalLock(block));
-    if (bytes != nullptr) {
-      locked.reset(block);
-    }
-  }
-
-  SIZE_T sizeBytes = 0;
-  const std::uint8_t* bytes = nullptr;  // null: there is no such block, or its lock failed
-  LockedBlock locked;
-};
-
 std::vector<std::uint8_t> readPng() {
   const UINT format = ::RegisterClipboardFormatW(pngFormatName);
   if (format == 0 || ::IsClipboardFormatAvailable(format) == FALSE) {
     return {};
   }
   const ClipboardBlock block(format);
-  return block.bytes == nullptr ? std::vector<std::uint8_t>()
-                                : std::vector<std::uint8_t>(block.bytes, block.bytes + block.sizeBytes);
+  return {block.bytes().begin(), block.bytes().end()};
 }
 
 UINT availableBitmapFormat() {
@@ -53,7 +34,7 @@ std::vector<std::uint8_t> readBitmap() {
     return {};
   }
   const ClipboardBlock block(format);
-  return block.bytes == nullptr ? std::vector<std::uint8_t>() : bitmapFileFromBlock(block.bytes, block.sizeBytes);
+  return bitmapFileFromBlock(block.bytes().data(), block.bytes().size());
 }
 
 }  // namespace

@@ -2,21 +2,22 @@
 
 #include <windows.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <span>
 
+#include "clipboard/clipboard_block.h"
 #include "clipboard/clipboard_owners.h"
 
 namespace orvane {
 namespace {
 
-constexpr SIZE_T leastBlockBytes = 2;
-constexpr SIZE_T greatestBlockBytes = 8'388'608;
-
-std::wstring textOfBlock(const char* bytes, std::size_t sizeBytes) {
+std::wstring textOfBlock(std::span<const std::uint8_t> bytes) {
   std::wstring text;
-  for (std::size_t at = 0; at + clipboardUnitBytes <= sizeBytes; at += clipboardUnitBytes) {
+  for (std::size_t at = 0; at + clipboardUnitBytes <= bytes.size(); at += clipboardUnitBytes) {
     char16_t unit = 0;
-    std::memcpy(&unit, bytes + at, clipboardUnitBytes);
+    std::memcpy(&unit, bytes.data() + at, clipboardUnitBytes);
     if (unit == 0) {
       break;
     }
@@ -40,20 +41,8 @@ std::wstring normalizeLineEnds(const std::wstring& text) {
 }
 
 std::wstring readClipboardText() {
-  const HGLOBAL block = ::GetClipboardData(CF_UNICODETEXT);
-  if (block == nullptr) {
-    return {};
-  }
-  const SIZE_T sizeBytes = ::GlobalSize(block);
-  if (sizeBytes < leastBlockBytes || sizeBytes > greatestBlockBytes) {
-    return {};
-  }
-  const auto* const bytes = static_cast<const char*>(::GlobalLock(block));
-  if (bytes == nullptr) {
-    return {};
-  }
-  const LockedBlock locked(block);
-  return textOfBlock(bytes, sizeBytes);
+  const ClipboardBlock block(CF_UNICODETEXT, {clipboardUnitBytes, greatestTextBlockBytes});
+  return textOfBlock(block.bytes());
 }
 
 std::optional<std::wstring> takeClipboardText() {

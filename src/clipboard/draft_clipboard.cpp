@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
+#include "clipboard/clipboard_block.h"
 #include "clipboard/clipboard_owners.h"
 #include "clipboard/clipboard_text.h"
 #include "clipboard/html_format.h"
@@ -12,24 +14,15 @@ namespace orvane {
 namespace {
 
 constexpr const wchar_t* htmlFormatName = L"HTML Format";
-constexpr std::size_t greatestHtmlBytes = 0x800000;
-constexpr std::size_t greatestTextUnits = 0x400000;
+constexpr std::size_t greatestTextUnits = greatestTextBlockBytes / clipboardUnitBytes;
 
 std::string readHtmlForm() {
-  const HGLOBAL block = ::GetClipboardData(::RegisterClipboardFormatW(htmlFormatName));
-  if (block == nullptr) {
+  const ClipboardBlock block(::RegisterClipboardFormatW(htmlFormatName), {1, greatestTextBlockBytes});
+  if (block.bytes().empty()) {
     return {};
   }
-  const SIZE_T sizeBytes = ::GlobalSize(block);
-  if (sizeBytes < 1 || sizeBytes > greatestHtmlBytes) {
-    return {};
-  }
-  const auto* const bytes = static_cast<const char*>(::GlobalLock(block));
-  if (bytes == nullptr) {
-    return {};
-  }
-  const LockedBlock locked(block);
-  return extractHtmlFragment({bytes, ::strnlen(bytes, sizeBytes)});
+  const auto* const bytes = reinterpret_cast<const char*>(block.bytes().data());
+  return extractHtmlFragment({bytes, ::strnlen(bytes, block.bytes().size())});
 }
 
 // A movable block whose bytes `fill` writes; none when a step fails.
@@ -87,7 +80,7 @@ std::optional<DraftClipboard> readDraftClipboard(HWND owner) {
 
 bool writeDraftClipboard(HWND owner, std::string_view text, std::string_view html) {
   const std::wstring wideText = wideFromUtf8(text);
-  if (html.size() > greatestHtmlBytes || wideText.size() > greatestTextUnits) {
+  if (html.size() > greatestTextBlockBytes || wideText.size() > greatestTextUnits) {
     return false;
   }
   // Everything is built before the clipboard is opened: nobody else can use it meanwhile.

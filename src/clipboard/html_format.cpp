@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace orvane {
 namespace {

@@ -8,7 +8,7 @@
 #include "composer/input_attachment.h"
 #include "composer/window_text.h"
 #include "embedding/call_arguments.h"
-#include "embedding/unique_resource.h"
+#include "embedding/unique_kernel_handle.h"
 #include "embedding/utf_conversion.h"
 #include "provider_identity/text_rules.h"
 
@@ -20,13 +20,6 @@ constexpr std::array<DWORD, 3> readBackWaitsMs{120, 200, 280};
 constexpr DWORD shortReadBackWaitMs = 120;
 constexpr DWORD firstFollowUpMs = 180;
 constexpr DWORD secondFollowUpMs = 270;
-
-struct ThreadHandleTraits {
-  using Value = HANDLE;
-  static constexpr Value invalid() noexcept { return nullptr; }
-  static void release(Value value) noexcept { ::CloseHandle(value); }
-};
-using UniqueThreadHandle = UniqueResource<ThreadHandleTraits>;
 
 struct InputThreads {
   DWORD calling = 0;
@@ -146,7 +139,7 @@ void scheduleForegroundFollowUp(HWND window) {
     return;
   }
   // The thread runs on by itself; only its handle is given back.
-  const UniqueThreadHandle thread(::CreateThread(nullptr, 0, followUpThread, window, 0, nullptr));
+  const UniqueKernelHandle thread(::CreateThread(nullptr, 0, followUpThread, window, 0, nullptr));
 }
 
 bool verifyForeground(HWND window, const EncodableMap* arguments, std::string* message) {

@@ -8,8 +8,9 @@
 #include "desktop/clean_background_window.h"
 #include "desktop/logical_scale.h"
 #include "desktop/own_program.h"
-#include "desktop/window_arguments.h"
 #include "desktop/window_order.h"
+#include "desktop/window_place.h"
+#include "embedding/call_arguments.h"
 #include "embedding/reply_map.h"
 
 namespace orvane {
@@ -20,7 +21,7 @@ struct SyncOutcome {
   DWORD errorCode = ERROR_SUCCESS;
 };
 
-SyncOutcome failed() { return {false, ::GetLastError()}; }
+SyncOutcome lastErrorOutcome() { return {false, ::GetLastError()}; }
 
 struct SyncFlags {
   bool reopen = false;
@@ -33,14 +34,13 @@ bool movePanel(HWND panel, HWND mainWindow, const SyncFlags& flags) {
   if (!flags.reopen && !flags.resetHeight) {
     return true;
   }
-  const RECT rect = computeCleanBackgroundRect(mainWindow, flags.resetHeight);
-  return ::SetWindowPos(panel, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                        SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
+  const PanelHeight height = flags.resetHeight ? PanelHeight::asked : PanelHeight::present;
+  return placeAt(panel, computeCleanBackgroundRect(mainWindow, height), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 SyncOutcome showPanel(HWND mainWindow, const SyncFlags& flags) {
-  if (!ensureCleanBackgroundWindow(mainWindow, computeCleanBackgroundRect(mainWindow, false))) {
-    return failed();
+  if (!ensureCleanBackgroundWindow(mainWindow, computeCleanBackgroundRect(mainWindow, PanelHeight::present))) {
+    return lastErrorOutcome();
   }
   const HWND panel = cleanBackgroundState().cleanBackgroundWindow;
   if (flags.reopen && ::IsIconic(panel) != FALSE) {
@@ -49,11 +49,12 @@ SyncOutcome showPanel(HWND mainWindow, const SyncFlags& flags) {
   SyncOutcome outcome;
   const bool isMoved = movePanel(panel, mainWindow, flags);
   if (!isMoved) {
-    outcome = failed();
+    outcome = lastErrorOutcome();
   }
   const bool isVisible = ::IsWindowVisible(panel) != FALSE;
-  if (isMoved && !placeBehindOwnWindows(panel, !isVisible || flags.reopen)) {
-    outcome = failed();
+  const Restack restack = !isVisible || flags.reopen ? Restack::always : Restack::whenOwnProgramIsInFront;
+  if (isMoved && !placeBehindOwnWindows(panel, restack)) {
+    outcome = lastErrorOutcome();
   }
   if (flags.colorChanged || !isVisible) {
     ::InvalidateRect(panel, nullptr, TRUE);
@@ -95,21 +96,21 @@ BOOL CALLBACK postToPanel(HWND window, LPARAM parameter) {
 
 EncodableMap syncCleanBackground(HWND mainWindow, double scale, const EncodableMap* arguments) {
   CleanBackgroundState& state = cleanBackgroundState();
-  const bool isEnabled = flagArgument(arguments, "enabled", true);
+  const bool isEnabled = flagEntry(arguments, "enabled", true);
   SyncFlags flags;
-  flags.reopen = flagArgument(arguments, "reopen", false);
-  flags.resetHeight = flagArgument(arguments, "resetHeight", false);
+  flags.reopen = flagEntry(arguments, "reopen", false);
+  flags.resetHeight = flagEntry(arguments, "resetHeight", false);
   if (flags.reopen) {
     state.temporarilyClosed = false;
   }
-  flags.colorChanged = changeColor(stringArgument(arguments, "appearance"));
+  flags.colorChanged = changeColor(stringEntry(arguments, "appearance"));
   SyncOutcome outcome;
   if (!isEnabled || state.temporarilyClosed) {
     if (state.cleanBackgroundWindow != nullptr) {
       ::ShowWindow(state.cleanBackgroundWindow, SW_HIDE);
     }
   } else {
-    state.cleanBackgroundHeight = numberArgument(arguments, "height", 0.0);
+    state.cleanBackgroundHeight = numberEntry(arguments, "height", 0.0);
     outcome = showPanel(mainWindow, flags);
   }
   return syncReply(outcome, scale);

@@ -7,6 +7,8 @@
 
 #include "desktop/clean_background_state.h"
 #include "desktop/logical_scale.h"
+#include "desktop/monitor_fit.h"
+#include "desktop/window_place.h"
 
 namespace orvane {
 namespace {
@@ -46,26 +48,21 @@ std::optional<LONG> presentHeight() {
   return bounds.bottom - bounds.top;
 }
 
-// A value between two bounds; the upper one wins where they cross.
-LONG held(LONG wanted, LONG least, LONG most) { return most < wanted ? most : std::max(wanted, least); }
-
 LONG bodyHeight(LONG gap) { return static_cast<LONG>(static_cast<LONGLONG>(gap) * bodyPercent / 100); }
 
 }  // namespace
 
-RECT computeCleanBackgroundRect(HWND owner, bool ignoreCurrentHeight) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
+RECT computeCleanBackgroundRect(HWND owner, PanelHeight panelHeight) {
+  RECT work{};
   RECT main{};
-  if (::GetMonitorInfoW(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor) == FALSE ||
+  if (!readWorkArea(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &work) ||
       ::GetWindowRect(owner, &main) == FALSE) {
     return fixedRect;
   }
-  const RECT& work = monitor.rcWork;
   const auto dpi = static_cast<int>(::GetDpiForWindow(owner));
   const FrameHeights frame = frameHeights(dpi);
   LONG height = truncatedPixels(dpi * cleanBackgroundState().cleanBackgroundHeight / standardDpi);
-  if (!ignoreCurrentHeight) {
+  if (panelHeight == PanelHeight::present) {
     height = presentHeight().value_or(height);
   }
   RECT visible{};
@@ -73,7 +70,7 @@ RECT computeCleanBackgroundRect(HWND owner, bool ignoreCurrentHeight) {
     main.bottom = visible.bottom;
   }
   const LONG margin = ::MulDiv(marginLogical, dpi, standardDpi);
-  const LONG left = held(main.left, work.left, work.right - 1);
+  const LONG left = clampedUpperFirst(main.left, work.left, work.right - 1);
   const LONG width = std::min(main.right - main.left + margin, work.right - left);
   const LONG gap = std::max<LONG>(1, work.bottom - main.bottom);
   if (height <= 0) {
@@ -81,7 +78,7 @@ RECT computeCleanBackgroundRect(HWND owner, bool ignoreCurrentHeight) {
   }
   height = std::min(height, work.bottom - work.top);
   const LONG wantedTop = main.bottom - 2 * frame.bottomBorder - frame.caption;
-  const LONG top = held(wantedTop, work.top, work.bottom - height);
+  const LONG top = clampedUpperFirst(wantedTop, work.top, work.bottom - height);
   return {left, top, left + width, top + height};
 }
 

@@ -5,8 +5,8 @@
 #include "desktop/clean_background_rect.h"
 #include "desktop/clean_background_state.h"
 #include "desktop/gdi_owners.h"
-#include "desktop/logical_scale.h"
 #include "desktop/window_order.h"
+#include "desktop/window_place.h"
 
 namespace orvane {
 namespace {
@@ -14,8 +14,8 @@ namespace {
 constexpr const wchar_t* className = L"Orvane_Clean_Background_RC310";
 constexpr const wchar_t* title = L"Orvane - Clean Background";
 constexpr std::uintptr_t propertyValue = 1;
-constexpr int leastWidthLogical = 160;
-constexpr int leastHeightLogical = 80;
+constexpr LogicalSize leastSize{160, 80};
+constexpr UINT placedQuietlyFlags = SWP_NOZORDER | SWP_NOACTIVATE;
 
 void forget(HWND window) {
   ::RemovePropW(window, cleanBackgroundProperty);
@@ -43,24 +43,13 @@ void closeForNow(HWND window) {
   ::ShowWindow(window, SW_HIDE);
 }
 
-void limitTracking(HWND window, MINMAXINFO& limits) {
-  const auto dpi = static_cast<int>(::GetDpiForWindow(window));
-  limits.ptMinTrackSize.x = ::MulDiv(leastWidthLogical, dpi, standardDpi);
-  limits.ptMinTrackSize.y = ::MulDiv(leastHeightLogical, dpi, standardDpi);
-}
-
-bool placeAt(HWND window, const RECT& rect) {
-  return ::SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                        SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
-}
-
 void reopen(HWND window) {
   CleanBackgroundState& state = cleanBackgroundState();
   state.temporarilyClosed = false;
-  const RECT rect = computeCleanBackgroundRect(state.cleanBackgroundOwner, false);
+  const RECT rect = computeCleanBackgroundRect(state.cleanBackgroundOwner, PanelHeight::present);
   ::ShowWindow(window, ::IsIconic(window) != FALSE ? SW_RESTORE : SW_SHOWNOACTIVATE);
-  placeAt(window, rect);
-  placeBehindOwnWindows(window, true);
+  placeAt(window, rect, placedQuietlyFlags);
+  placeBehindOwnWindows(window, Restack::always);
 }
 
 LRESULT CALLBACK panelProcedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -78,15 +67,15 @@ LRESULT CALLBACK panelProcedure(HWND window, UINT message, WPARAM wparam, LPARAM
       return 1;
     case WM_GETMINMAXINFO:
       if (lparam != 0) {
-        limitTracking(window, *reinterpret_cast<MINMAXINFO*>(lparam));
+        limitTracking(window, leastSize, *reinterpret_cast<MINMAXINFO*>(lparam));
       }
       return 0;
     case WM_EXITSIZEMOVE:
-      placeBehindOwnWindows(window, false);
+      placeBehindOwnWindows(window, Restack::whenOwnProgramIsInFront);
       return 0;
     case WM_DPICHANGED:
       if (lparam != 0) {
-        placeAt(window, *reinterpret_cast<const RECT*>(lparam));
+        placeAt(window, *reinterpret_cast<const RECT*>(lparam), placedQuietlyFlags);
       }
       ::InvalidateRect(window, nullptr, TRUE);
       return 0;
@@ -98,8 +87,8 @@ LRESULT CALLBACK panelProcedure(HWND window, UINT message, WPARAM wparam, LPARAM
   }
 }
 
-// The class outlives the panel: a later panel finds it there.
-bool isClassReady() {
+// False when there is no class. It outlives the panel: a later panel finds it there.
+bool registerPanelClass() {
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = panelProcedure;
   windowClass.hInstance = ::GetModuleHandleW(nullptr);
@@ -115,7 +104,7 @@ bool ensureCleanBackgroundWindow(HWND owner, const RECT& rect) {
   if (state.cleanBackgroundWindow != nullptr && ::IsWindow(state.cleanBackgroundWindow) != FALSE) {
     return true;
   }
-  if (!isClassReady()) {
+  if (!registerPanelClass()) {
     return false;
   }
   state.cleanBackgroundOwner = owner;

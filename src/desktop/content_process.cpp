@@ -2,17 +2,18 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 #include "desktop/clean_background_state.h"
+#include "desktop/main_window_names.h"
 #include "desktop/own_program.h"
-#include "desktop/window_arguments.h"
+#include "embedding/call_arguments.h"
 
 namespace orvane {
 namespace {
 
-constexpr std::wstring_view mainWindowClass = L"FLUTTER_RUNNER_WIN32_WINDOW";
 constexpr int classNameCapacityUnits = 128;
 
 struct WindowSearch {
@@ -29,7 +30,7 @@ DWORD processIdOf(double number) {
 bool hasMainWindowClass(HWND window) {
   std::array<wchar_t, classNameCapacityUnits> name{};
   const int lengthUnits = ::GetClassNameW(window, name.data(), classNameCapacityUnits);
-  return std::wstring_view(name.data(), static_cast<std::size_t>(lengthUnits)) == mainWindowClass;
+  return std::wstring_view(name.data(), static_cast<std::size_t>(lengthUnits)) == mainWindowClassName;
 }
 
 BOOL CALLBACK findMainWindow(HWND window, LPARAM parameter) {
@@ -48,7 +49,7 @@ BOOL CALLBACK findMainWindow(HWND window, LPARAM parameter) {
 
 bool activateContentProcess(const EncodableMap* arguments) {
   WindowSearch search;
-  search.processId = processIdOf(numberArgument(arguments, "processId", 0.0));
+  search.processId = processIdOf(numberEntry(arguments, "processId", 0.0));
   if (search.processId == 0) {
     return false;
   }
@@ -57,7 +58,7 @@ bool activateContentProcess(const EncodableMap* arguments) {
   if (window == nullptr || !isOwnProgramWindow(window)) {
     return false;
   }
-  if (flagArgument(arguments, "showToolBoxMenu", false)) {
+  if (flagEntry(arguments, "showToolBoxMenu", false)) {
     ::PostMessageW(window, showToolBoxMessage, 0, 0);
   }
   if (::IsIconic(window) != FALSE) {

@@ -7,10 +7,9 @@
 
 namespace orvane {
 
-double logicalScale(HWND window) {
-  const UINT dpi = ::GetDpiForWindow(window);
-  return dpi == 0 ? 1.0 : static_cast<double>(dpi) / standardDpi;
-}
+double scaleAtDpi(UINT dpi) { return dpi == 0 ? 1.0 : static_cast<double>(dpi) / standardDpi; }
+
+double logicalScale(HWND window) { return scaleAtDpi(::GetDpiForWindow(window)); }
 
 int truncatedPixels(double pixels) {
   constexpr double greatest = 1'000'000'000.0;

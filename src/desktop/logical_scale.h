@@ -8,7 +8,10 @@ namespace orvane {
 
 inline constexpr int standardDpi = 96;
 
-// Pixels for each logical pixel of a window: its dpi by GetDpiForWindow / 96, or 1.0 when that is 0.
+// Pixels for each logical pixel: the dpi / 96, or 1.0 when that is 0.
+double scaleAtDpi(UINT dpi);
+
+// The same for a window, by GetDpiForWindow.
 double logicalScale(HWND window);
 
 // A number of pixels cut to a whole one towards zero, held within a thousand million either way, so

@@ -3,7 +3,6 @@
 #include <set>
 #include <utility>
 
-#include "desktop/window_arguments.h"
 #include "embedding/call_arguments.h"
 #include "embedding/utf_conversion.h"
 
@@ -26,8 +25,8 @@ std::vector<MenuItemRecord> parseMenuItems(const EncodableMap* arguments) {
   }
   for (const EncodableValue& element : *list) {
     const auto* map = std::get_if<EncodableMap>(&element);
-    std::string action = stringArgument(map, "action");
-    const std::string label = stringArgument(map, "label");
+    std::string action = stringEntry(map, "action");
+    const std::string label = stringEntry(map, "label");
     if (action.empty() || label.empty()) {
       continue;
     }
@@ -35,7 +34,7 @@ std::vector<MenuItemRecord> parseMenuItems(const EncodableMap* arguments) {
     record.id = static_cast<std::uint32_t>(records.size());
     record.action = std::move(action);
     record.label = wideFromUtf8(label);
-    record.shortcut = wideFromUtf8(stringArgument(map, "shortcut"));
+    record.shortcut = wideFromUtf8(stringEntry(map, "shortcut"));
   }
   return records;
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "desktop/window_place.h"
+
 namespace orvane {
 namespace {
 
@@ -14,11 +16,6 @@ struct Range {
   std::int64_t least = 0;
   std::int64_t most = 0;
 };
-
-// Where the range is empty its upper bound wins.
-std::int64_t held(std::int64_t wanted, const Range& range) {
-  return range.most < wanted ? range.most : std::max(wanted, range.least);
-}
 
 LONG pixels(std::int64_t number) { return static_cast<LONG>(number); }
 
@@ -34,7 +31,7 @@ bool readWorkArea(HMONITOR monitor, RECT* work) {
   return true;
 }
 
-RECT fitRectToMonitor(const RECT& rect, int leastHeight, bool keepInside) {
+RECT fitRectToMonitor(const RECT& rect, int leastHeight, ScreenFit fit) {
   RECT work{};
   if (!readWorkArea(::MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &work)) {
     return rect;
@@ -47,11 +44,11 @@ RECT fitRectToMonitor(const RECT& rect, int leastHeight, bool keepInside) {
   const std::int64_t wantedHeight = static_cast<std::int64_t>(rect.bottom) - rect.top;
   const std::int64_t width = std::min(std::max(wantedWidth, leastWidthPixels), right - left);
   const std::int64_t height = std::min(std::max<std::int64_t>(leastHeight, wantedHeight), bottom - top);
-  const Range across =
-      keepInside ? Range{left, right - width} : Range{left - width + keptOnScreenPixels, right - keptOnScreenPixels};
-  const Range down = keepInside ? Range{top, bottom - height} : Range{top, bottom - keptOnScreenPixels};
-  const std::int64_t fittedLeft = held(rect.left, across);
-  const std::int64_t fittedTop = held(rect.top, down);
+  const Range across = fit == ScreenFit::inside ? Range{left, right - width}
+                                                : Range{left - width + keptOnScreenPixels, right - keptOnScreenPixels};
+  const Range down = fit == ScreenFit::inside ? Range{top, bottom - height} : Range{top, bottom - keptOnScreenPixels};
+  const std::int64_t fittedLeft = clampedUpperFirst<std::int64_t>(rect.left, across.least, across.most);
+  const std::int64_t fittedTop = clampedUpperFirst<std::int64_t>(rect.top, down.least, down.most);
   return {pixels(fittedLeft), pixels(fittedTop), pixels(fittedLeft + width), pixels(fittedTop + height)};
 }
 

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "desktop/appearance.h"
 #include "desktop/gdi_owners.h"
 #include "desktop/logical_scale.h"
 #include "desktop/menu_items.h"
-#include "desktop/window_arguments.h"
+#include "embedding/call_arguments.h"
 
 namespace orvane {
 namespace {
@@ -42,8 +44,8 @@ UniqueFont createFont(int sizePixels) {
 // The records keep their places from here on: the menu points at them.
 void fillMenu(HMENU menu, std::vector<MenuItemRecord>& records, HFONT font, const EncodableMap* arguments,
               LiveMenuItems& live) {
-  const bool rtl = flagArgument(arguments, "rtl", false);
-  const AppearanceColors colors = appearanceColors(stringArgument(arguments, "appearance"));
+  const bool rtl = flagEntry(arguments, "rtl", false);
+  const AppearanceColors colors = appearanceColors(stringEntry(arguments, "appearance"));
   for (MenuItemRecord& record : records) {
     record.font = font;
     record.rtl = rtl;
@@ -63,9 +65,9 @@ void fillMenu(HMENU menu, std::vector<MenuItemRecord>& records, HFONT font, cons
 }
 
 POINT anchorOnScreen(HWND mainWindow, UINT dpi, const EncodableMap* arguments) {
-  const double scale = dpi > 0 ? static_cast<double>(dpi) / standardDpi : 1.0;
-  POINT point{truncatedPixels(numberArgument(arguments, "anchorX", 0.0) * scale),
-              truncatedPixels(numberArgument(arguments, "anchorY", 0.0) * scale)};
+  const double scale = scaleAtDpi(dpi);
+  POINT point{truncatedPixels(numberEntry(arguments, "anchorX", 0.0) * scale),
+              truncatedPixels(numberEntry(arguments, "anchorY", 0.0) * scale)};
   ::ClientToScreen(mainWindow, &point);
   return point;
 }
@@ -74,7 +76,7 @@ POINT anchorOnScreen(HWND mainWindow, UINT dpi, const EncodableMap* arguments) {
 std::uint32_t runMenu(HWND mainWindow, UniqueMenu menu, std::vector<MenuItemRecord>& records,
                       const EncodableMap* arguments) {
   const UINT dpi = ::GetDpiForWindow(mainWindow);
-  const UniqueFont font = createFont(fontSizePixels(numberArgument(arguments, "fontScale", 1.0), dpi));
+  const UniqueFont font = createFont(fontSizePixels(numberEntry(arguments, "fontScale", 1.0), dpi));
   LiveMenuItems live;
   fillMenu(menu.get(), records, font.get(), arguments, live);
   const POINT point = anchorOnScreen(mainWindow, dpi, arguments);

@@ -3,7 +3,7 @@
 #include <cwchar>
 #include <string>
 
-#include "activation/process_handle.h"
+#include "activation/process_image.h"
 
 namespace orvane {
 namespace {
@@ -14,17 +14,7 @@ constexpr DWORD pathCapacityUnits = 0x8000;
 std::wstring imagePathOf(HWND window) {
   DWORD processId = 0;
   ::GetWindowThreadProcessId(window, &processId);
-  const UniqueProcessHandle process(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
-  if (!process) {
-    return {};
-  }
-  std::wstring path(pathCapacityUnits, L'\0');
-  DWORD lengthUnits = pathCapacityUnits;
-  if (::QueryFullProcessImageNameW(process.get(), 0, path.data(), &lengthUnits) == FALSE) {
-    return {};
-  }
-  path.resize(lengthUnits);
-  return path;
+  return processImagePath(processId, pathCapacityUnits);
 }
 
 std::wstring ownImagePath() {

@@ -1,6 +1,7 @@
 #include "desktop/synthetic_keys.h"
 
 #include <array>
+#include <cstddef>
 #include <vector>
 
 #include "composer/input_attachment.h"

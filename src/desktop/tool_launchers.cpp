@@ -5,15 +5,14 @@
 #include <cstdint>
 #include <string>
 
-#include "desktop/window_arguments.h"
+#include "embedding/call_arguments.h"
 #include "embedding/reply_map.h"
+#include "embedding/shell_result.h"
 #include "embedding/utf_conversion.h"
 
 namespace orvane {
 namespace {
 
-// ShellExecuteW tells success by a value above this one.
-constexpr INT_PTR greatestShellError = 32;
 constexpr std::int32_t noPathGiven = 2;
 
 const wchar_t* orNull(const std::wstring& text) { return text.empty() ? nullptr : text.c_str(); }
@@ -24,7 +23,7 @@ INT_PTR open(HWND owner, const wchar_t* file, const std::wstring& parameters = {
 }
 
 std::wstring directoryArgument(const EncodableMap* arguments) {
-  return wideFromUtf8(stringArgument(arguments, "workingDirectory"));
+  return wideFromUtf8(stringEntry(arguments, "workingDirectory"));
 }
 
 EncodableMap launchReply(bool success, std::int32_t errorCode) {
@@ -52,7 +51,7 @@ bool openCommandWindow(HWND mainWindow, const EncodableMap* arguments) {
 }
 
 EncodableMap runBatchFile(HWND mainWindow, const EncodableMap* arguments) {
-  const std::string path = stringArgument(arguments, "batchPath");
+  const std::string path = stringEntry(arguments, "batchPath");
   if (path.empty()) {
     return launchReply(false, noPathGiven);
   }
@@ -62,7 +61,7 @@ EncodableMap runBatchFile(HWND mainWindow, const EncodableMap* arguments) {
 }
 
 EncodableMap openTextFile(HWND mainWindow, const EncodableMap* arguments) {
-  const std::string path = stringArgument(arguments, "filePath");
+  const std::string path = stringEntry(arguments, "filePath");
   if (path.empty()) {
     return launchReply(false, noPathGiven);
   }

@@ -7,7 +7,7 @@
 namespace orvane {
 
 // Launchers of Windows' own tools, each one ShellExecuteW call; the keys are those of the methods of
-// the same names. True when the shell took the order.
+// the same names. True when the shell took the order: ShellExecuteW returned more than 32.
 bool openScreenCapture();
 bool openTaskManager();
 bool openCommandPromptAt(HWND mainWindow, const EncodableMap* arguments);

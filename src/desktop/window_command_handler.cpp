@@ -16,7 +16,6 @@
 #include "desktop/native_menu.h"
 #include "desktop/synthetic_keys.h"
 #include "desktop/tool_launchers.h"
-#include "desktop/window_arguments.h"
 #include "desktop/window_geometry.h"
 #include "embedding/call_arguments.h"
 #include "embedding/reply_map.h"
@@ -47,8 +46,8 @@ EncodableMap readOrvaneDraftClipboard(const WindowCommandContext& context) {
 }
 
 EncodableMap writeOrvaneDraftClipboard(const WindowCommandContext& context) {
-  return successReply(writeDraftClipboard(context.window.handle, stringArgument(context.arguments, "text"),
-                                          stringArgument(context.arguments, "html")));
+  return successReply(writeDraftClipboard(context.window.handle, stringEntry(context.arguments, "text"),
+                                          stringEntry(context.arguments, "html")));
 }
 
 EncodableMap activateContentProcessCommand(const WindowCommandContext& context) {
@@ -56,9 +55,9 @@ EncodableMap activateContentProcessCommand(const WindowCommandContext& context) 
 }
 
 EncodableMap checkSpellingCommand(const WindowCommandContext& context) {
-  const std::string language = stringArgument(context.arguments, "language");
+  const std::string language = stringEntry(context.arguments, "language");
   SpellingResult checked =
-      checkSpelling(stringArgument(context.arguments, "word"), language.empty() ? standardLanguage : language);
+      checkSpelling(stringEntry(context.arguments, "word"), language.empty() ? standardLanguage : language);
   EncodableMap reply;
   addToReply(reply, "supported", checked.supported);
   addToReply(reply, "misspelled", checked.misspelled);
@@ -114,7 +113,7 @@ EncodableMap openTextFileCommand(const WindowCommandContext& context) {
 }
 
 EncodableMap sendWindowsHotKeyCommand(const WindowCommandContext& context) {
-  return successReply(sendWindowsHotKey(stringArgument(context.arguments, "keys")));
+  return successReply(sendWindowsHotKey(stringEntry(context.arguments, "keys")));
 }
 
 EncodableMap sendNewLineToPreviousWindowCommand(const WindowCommandContext& context) {

@@ -4,9 +4,11 @@
 
 #include "desktop/clean_background_state.h"
 #include "desktop/logical_scale.h"
+#include "desktop/main_window_names.h"
 #include "desktop/monitor_fit.h"
-#include "desktop/window_arguments.h"
 #include "desktop/window_order.h"
+#include "desktop/window_place.h"
+#include "embedding/call_arguments.h"
 #include "embedding/reply_map.h"
 
 namespace orvane {
@@ -22,7 +24,6 @@ constexpr double restoredWidth = 1100.0;
 constexpr double restoredHeight = 720.0;
 constexpr int leastOverhangingHeightPixels = 240;
 
-constexpr const wchar_t* normalTitle = L"Orvane: The Desk for Every Assistant";
 constexpr const wchar_t* compactTitle = L"Orvane";
 constexpr LONG_PTR compactClearedStyle = WS_CAPTION | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
 constexpr LONG_PTR compactSetStyle = WS_SYSMENU | WS_THICKFRAME;
@@ -56,13 +57,13 @@ LONG heightOfClient(const MainWindow& window, double clientHeight, LONG width, L
 
 RequestedBounds readRequest(const MainWindow& window, const EncodableMap* arguments) {
   RequestedBounds request;
-  request.width = numberArgument(arguments, "width", defaultWidth);
-  request.height = numberArgument(arguments, "height", defaultHeight);
-  const LONG left = truncatedPixels(numberArgument(arguments, "x", defaultX) * window.scale);
-  const LONG top = truncatedPixels(numberArgument(arguments, "y", defaultY) * window.scale);
+  request.width = numberEntry(arguments, "width", defaultWidth);
+  request.height = numberEntry(arguments, "height", defaultHeight);
+  const LONG left = truncatedPixels(numberEntry(arguments, "x", defaultX) * window.scale);
+  const LONG top = truncatedPixels(numberEntry(arguments, "y", defaultY) * window.scale);
   const LONG width = truncatedPixels(request.width * window.scale);
   LONG height = truncatedPixels(request.height * window.scale);
-  const double clientHeight = numberArgument(arguments, "clientHeight", 0.0);
+  const double clientHeight = numberEntry(arguments, "clientHeight", 0.0);
   if (clientHeight > 0.0) {
     height = heightOfClient(window, clientHeight, width, height);
   }
@@ -72,9 +73,9 @@ RequestedBounds readRequest(const MainWindow& window, const EncodableMap* argume
 
 RECT fittedRect(const RequestedBounds& request, bool isPanel) {
   if (request.height <= greatestInsideHeight || isPanel) {
-    return fitRectToMonitor(request.rect, request.rect.bottom - request.rect.top, true);
+    return fitRectToMonitor(request.rect, request.rect.bottom - request.rect.top, ScreenFit::inside);
   }
-  return fitRectToMonitor(request.rect, leastOverhangingHeightPixels, false);
+  return fitRectToMonitor(request.rect, leastOverhangingHeightPixels, ScreenFit::overhanging);
 }
 
 WindowForm chooseForm(HWND window, double width, bool isPanel) {
@@ -85,12 +86,7 @@ WindowForm chooseForm(HWND window, double width, bool isPanel) {
   if (width <= greatestCompactWidth) {
     return {true, (style & ~compactClearedStyle) | compactSetStyle, compactTitle};
   }
-  return {false, style | WS_OVERLAPPEDWINDOW, normalTitle};
-}
-
-bool placeAt(HWND window, const RECT& rect, UINT flags) {
-  return ::SetWindowPos(window, nullptr, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, flags) !=
-         FALSE;
+  return {false, style | WS_OVERLAPPEDWINDOW, mainWindowTitle};
 }
 
 EncodableMap boundsReply(bool isRead, const RECT& bounds, double scale) {
@@ -140,7 +136,7 @@ bool setBounds(const MainWindow& window, const HostWindow& host, const Encodable
     return false;
   }
   if (isPanel) {
-    placeBehindOwnWindows(window.handle, true);
+    placeBehindOwnWindows(window.handle, Restack::always);
   } else {
     ::SetForegroundWindow(window.handle);
   }
@@ -153,7 +149,7 @@ bool emergencyRestore(const MainWindow& window, const HostWindow& host) {
     return false;
   }
   host.setCompactMode(false);
-  ::SetWindowTextW(window.handle, normalTitle);
+  ::SetWindowTextW(window.handle, mainWindowTitle);
   // A caption that the compact form took away stays away.
   const LONG_PTR style = ::GetWindowLongPtrW(window.handle, GWL_STYLE) | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
   ::SetWindowLongPtrW(window.handle, GWL_STYLE, style);
@@ -164,12 +160,6 @@ bool emergencyRestore(const MainWindow& window, const HostWindow& host) {
   }
   ::SetForegroundWindow(window.handle);
   return true;
-}
-
-void limitCompactTracking(HWND window, MINMAXINFO& limits) {
-  const auto dpi = static_cast<int>(::GetDpiForWindow(window));
-  limits.ptMinTrackSize.x = ::MulDiv(leastCompactWidthLogical, dpi, standardDpi);
-  limits.ptMinTrackSize.y = ::MulDiv(leastCompactHeightLogical, dpi, standardDpi);
 }
 
 }  // namespace orvane

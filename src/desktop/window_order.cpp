@@ -31,8 +31,8 @@ HWND findAnchor(HWND window) {
 
 }  // namespace
 
-bool placeBehindOwnWindows(HWND window, bool force) {
-  if (!force && !isRestackDue(window)) {
+bool placeBehindOwnWindows(HWND window, Restack restack) {
+  if (restack != Restack::always && !isRestackDue(window)) {
     return true;
   }
   return ::SetWindowPos(window, findAnchor(window), 0, 0, 0, 0,

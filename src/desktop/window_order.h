@@ -4,9 +4,14 @@
 
 namespace orvane {
 
+enum class Restack {
+  always,
+  whenOwnProgramIsInFront,  // another window of the program, and the one to place isn't iconic
+};
+
 // Shows `window` behind the lowest of the program's own windows that count: visible, not iconic, not
-// topmost, no panel. Without `force` it does nothing, and says true, unless one of the program's other
-// windows has the foreground. False when SetWindowPos fails.
-bool placeBehindOwnWindows(HWND window, bool force);
+// topmost, no panel. Where `restack` isn't met it does nothing and says true. False when SetWindowPos
+// fails.
+bool placeBehindOwnWindows(HWND window, Restack restack);
 
 }  // namespace orvane

@@ -1,6 +1,7 @@
 #include "embedding/call_arguments.h"
 
 namespace orvane {
+
 const EncodableMap* argumentMap(const EncodableValue* arguments) {
   return arguments == nullptr ? nullptr : std::get_if<EncodableMap>(arguments);
 }
@@ -31,6 +32,27 @@ std::optional<std::int64_t> integerEntry(const EncodableMap* map, const char* ke
     return *wide;
   }
   return std::nullopt;
+}
+
+double numberEntry(const EncodableMap* map, const char* key, double fallback) {
+  const EncodableValue* entry = findEntry(map, key);
+  if (entry == nullptr) {
+    return fallback;
+  }
+  if (const auto* number = std::get_if<double>(entry)) {
+    return *number;
+  }
+  if (const auto* wide = std::get_if<std::int64_t>(entry)) {
+    return static_cast<double>(*wide);
+  }
+  if (const auto* narrow = std::get_if<std::int32_t>(entry)) {
+    return *narrow;
+  }
+  return fallback;
+}
+
+bool flagEntry(const EncodableMap* map, const char* key, bool fallback) {
+  return numberEntry(map, key, fallback ? 1.0 : 0.0) != 0.0;
 }
 
 std::vector<std::string> stringListEntry(const EncodableMap* map, const char* key) {

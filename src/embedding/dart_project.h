@@ -27,7 +27,7 @@ class DartProject {
   [[nodiscard]] const std::vector<std::string>& entryPointArguments() const noexcept { return entryPointArguments_; }
   void setEntryPointArguments(std::vector<std::string> arguments) { entryPointArguments_ = std::move(arguments); }
 
-  // Options of the engine; the host leaves the engine its own choice in each.
+  // The library's options, which have no other names than these; 0 is its own choice in each.
   [[nodiscard]] std::int32_t firstOption() const noexcept { return firstOption_; }
   [[nodiscard]] std::int32_t secondOption() const noexcept { return secondOption_; }
   [[nodiscard]] std::int32_t thirdOption() const noexcept { return thirdOption_; }

@@ -13,7 +13,7 @@ class FlutterView {
   FlutterView(const FlutterView&) = delete;
   FlutterView& operator=(const FlutterView&) = delete;
 
-  // FlutterDesktopViewGetHWND
+  // By FlutterDesktopViewGetHWND; null when the library has none.
   [[nodiscard]] HWND GetNativeWindow() const { return FlutterDesktopViewGetHWND(view_); }
 
  private:

@@ -91,7 +91,9 @@ class MessageWriter {
  private:
   static constexpr std::size_t largestAlignment = 8;
 
+  // Moves what is gathered to the message, which is allocated by the first flush.
   void flush();
+  // Appends bytes to the message at once, behind what is gathered.
   void writeThrough(const std::uint8_t* bytes, std::size_t count);
 
   std::function<std::size_t()> countBytes_;

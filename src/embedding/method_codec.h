@@ -22,7 +22,7 @@ class MethodCodec {
   MethodCodec(const MethodCodec&) = delete;
   MethodCodec& operator=(const MethodCodec&) = delete;
 
-  // Null when the bytes are no method call.
+  // Null when the bytes are no method call, or hold values nested too deep.
   [[nodiscard]] std::unique_ptr<MethodCall> DecodeMethodCall(const std::uint8_t* bytes, std::size_t size) const {
     return DecodeMethodCallInternal(bytes, size);
   }
@@ -43,7 +43,8 @@ class MethodCodec {
     return EncodeErrorEnvelopeInternal(code, message, details);
   }
 
-  // Calls `result` with what the envelope says; false, and no call, when the bytes are no envelope.
+  // Calls `result` with what the envelope says; false, and no call, when the bytes are no envelope or
+  // hold values nested too deep.
   // Throws std::bad_variant_access for an error whose code is no text, or whose message neither a
   // text nor null.
   [[nodiscard]] bool DecodeAndProcessResponseEnvelope(const std::uint8_t* bytes, std::size_t size,

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "embedding/encodable_value.h"
 
 namespace orvane {

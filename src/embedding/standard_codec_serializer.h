@@ -29,6 +29,8 @@ class StandardCodecSerializer {
   // The same, and fast where nothing is extended: no call of a virtual operation.
   [[nodiscard]] EncodableValue ReadValue(ByteBufferStreamReader& stream) const;
 
+  // Writes a tag and its value. A custom value that no derived class writes is logged and written as
+  // null.
   virtual void WriteValue(const EncodableValue& value, ByteStreamWriter& stream) const;
 
   // Reads the value of a tag that has been read. An unknown tag is logged and gives null.

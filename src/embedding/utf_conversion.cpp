@@ -1,5 +1,7 @@
 #include "embedding/utf_conversion.h"
 
+#include <cstddef>
+
 #include <windows.h>
 
 namespace orvane {

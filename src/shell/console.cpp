@@ -17,6 +17,7 @@ constexpr int stderrNumber = 2;
 void leadToConsole(std::FILE* stream, int number) {
   std::FILE* reopened = nullptr;
   if (::freopen_s(&reopened, "CONOUT$", "w", stream) != 0) {
+    // Of stderr too: errors then go where the output goes.
     ::_dup2(::_fileno(stdout), number);
   }
 }

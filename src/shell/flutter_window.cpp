@@ -91,7 +91,7 @@ LRESULT FlutterWindow::MessageHandler(HWND window, UINT message, WPARAM wparam, 
       break;
     case WM_GETMINMAXINFO:
       if (compactMode_ && lparam != 0) {
-        limitCompactTracking(window, *reinterpret_cast<MINMAXINFO*>(lparam));
+        limitTracking(window, leastCompactSize, *reinterpret_cast<MINMAXINFO*>(lparam));
         return 0;
       }
       break;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "desktop/main_window_names.h"
 #include "embedding/dart_project.h"
 #include "shell/command_line.h"
 #include "shell/console.h"
@@ -13,11 +14,11 @@
 
 namespace {
 
-constexpr const wchar_t* windowTitle = L"Orvane: The Desk for Every Assistant";
 constexpr orvane::Win32Window::Size windowSize{1280, 720};
 constexpr orvane::Win32Window::Point normalOrigin{10, 10};
 constexpr orvane::Win32Window::Point offscreenOrigin{-32000, -32000};
 
+// Without a window filter GetMessageW doesn't fail.
 void runMessageLoop() {
   MSG message;
   while (::GetMessageW(&message, nullptr, 0, 0) != 0) {
@@ -40,8 +41,8 @@ int APIENTRY wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, LPWSTR /*c
   project.setEntryPointArguments(std::move(arguments));
 
   orvane::FlutterWindow window(project);
-  if (!window.Create(windowTitle, isOffscreenStart ? offscreenOrigin : normalOrigin, windowSize)) {
-    return 1;
+  if (!window.Create(orvane::mainWindowTitle, isOffscreenStart ? offscreenOrigin : normalOrigin, windowSize)) {
+    return 1;  // the end of the process closes the apartment
   }
   window.SetQuitOnClose(true);
   runMessageLoop();

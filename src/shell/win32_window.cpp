@@ -1,24 +1,26 @@
 #include "shell/win32_window.h"
 
+#include <cstdint>
+
 #include <dwmapi.h>
 
+#include "desktop/logical_scale.h"
+#include "desktop/main_window_names.h"
 #include "embedding/flutter_library.h"
 
 namespace orvane {
 namespace {
 
-constexpr const wchar_t* windowClassName = L"FLUTTER_RUNNER_WIN32_WINDOW";
 constexpr WORD iconResource = 101;
-constexpr double dpiBase = 96.0;
-constexpr COLORREF captionColour = 0x00425C12;
-constexpr COLORREF captionTextColour = 0x00FFFFFF;
+constexpr COLORREF captionColor = 0x00425C12;
+constexpr COLORREF captionTextColor = 0x00FFFFFF;
 constexpr const wchar_t* themeKey = L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize";
 constexpr const wchar_t* themeValue = L"AppsUseLightTheme";
 
 // Not every toolchain's dwmapi.h knows these.
 constexpr DWORD immersiveDarkModeAttribute = 20;
-constexpr DWORD captionColourAttribute = 35;
-constexpr DWORD captionTextColourAttribute = 36;
+constexpr DWORD captionColorAttribute = 35;
+constexpr DWORD captionTextColorAttribute = 36;
 
 // What all windows of the process share.
 struct WindowRegistrar {
@@ -39,11 +41,12 @@ void registerClass(WNDPROC procedure) {
   const HINSTANCE module = ::GetModuleHandleW(nullptr);
   WNDCLASSW windowClass{};
   windowClass.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = windowClassName;
+  windowClass.lpszClassName = mainWindowClassName;
   windowClass.style = CS_HREDRAW | CS_VREDRAW;
   windowClass.hInstance = module;
   windowClass.hIcon = ::LoadIconW(module, MAKEINTRESOURCEW(iconResource));
   windowClass.lpfnWndProc = procedure;
+  // Its failure shows when the window is made.
   ::RegisterClassW(&windowClass);
   registrar.isClassRegistered = true;
 }
@@ -51,7 +54,7 @@ void registerClass(WNDPROC procedure) {
 void unregisterClassAfterLastWindow() {
   WindowRegistrar& registrar = windowRegistrar();
   if (registrar.activeWindows == 0) {
-    ::UnregisterClassW(windowClassName, ::GetModuleHandleW(nullptr));
+    ::UnregisterClassW(mainWindowClassName, ::GetModuleHandleW(nullptr));
     registrar.isClassRegistered = false;
   }
 }
@@ -99,10 +102,10 @@ bool Win32Window::Create(const std::wstring& title, const Point& origin, const S
   Destroy();
   registerClass(WndProc);
   const HMONITOR monitor = ::MonitorFromPoint(POINT{origin.x, origin.y}, MONITOR_DEFAULTTONEAREST);
-  const double scale = ::FlutterDesktopGetDpiForMonitor(monitor) / dpiBase;
-  const HWND window = ::CreateWindowExW(0, windowClassName, title.c_str(), WS_OVERLAPPEDWINDOW, scaled(origin.x, scale),
-                                        scaled(origin.y, scale), scaled(size.width, scale), scaled(size.height, scale),
-                                        nullptr, nullptr, ::GetModuleHandleW(nullptr), this);
+  const double scale = ::FlutterDesktopGetDpiForMonitor(monitor) / static_cast<double>(standardDpi);
+  const HWND window = ::CreateWindowExW(
+      0, mainWindowClassName, title.c_str(), WS_OVERLAPPEDWINDOW, scaled(origin.x, scale), scaled(origin.y, scale),
+      scaled(size.width, scale), scaled(size.height, scale), nullptr, nullptr, ::GetModuleHandleW(nullptr), this);
   if (window == nullptr) {
     return false;
   }
@@ -190,8 +193,8 @@ void Win32Window::UpdateTheme(HWND window) {
     const BOOL darkMode = TRUE;
     ::DwmSetWindowAttribute(window, immersiveDarkModeAttribute, &darkMode, sizeof(darkMode));
   }
-  ::DwmSetWindowAttribute(window, captionColourAttribute, &captionColour, sizeof(captionColour));
-  ::DwmSetWindowAttribute(window, captionTextColourAttribute, &captionTextColour, sizeof(captionTextColour));
+  ::DwmSetWindowAttribute(window, captionColorAttribute, &captionColor, sizeof(captionColor));
+  ::DwmSetWindowAttribute(window, captionTextColorAttribute, &captionTextColor, sizeof(captionTextColor));
 }
 
 LRESULT CALLBACK Win32Window::WndProc(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

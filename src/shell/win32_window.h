@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-// A top-level window with the program's icons and caption colours and one child fitted to its
+// A top-level window with the program's icons and caption colors and one child fitted to its
 // client area.
 class Win32Window {
  public:
@@ -32,6 +32,7 @@ class Win32Window {
   // Whether the window was visible before (ShowWindow).
   bool Show();
 
+  // Ends the window, if there is one, and the window class after the last one. Calls OnDestroy first.
   void Destroy();
 
   // Fits a window into the client area and gives it the focus. It stays its owner's.
@@ -40,12 +41,19 @@ class Win32Window {
   // The end of this window posts the quit message.
   void SetQuitOnClose(bool quitOnClose);
 
+  // Null before Create and after the window's end.
   HWND GetHandle() const;
+
+  // In pixels, by GetClientRect; all 0 when that fails.
   RECT GetClientArea() const;
 
  protected:
+  // Handles every message but WM_NCCREATE; gives the message's result. Heirs pass on to the base what
+  // they don't finish.
   virtual LRESULT MessageHandler(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+  // Called by Create for the window just made. False makes Create fail.
   virtual bool OnCreate();
+  // Called by Destroy, also when there is no window, and so perhaps twice.
   virtual void OnDestroy();
 
  private:

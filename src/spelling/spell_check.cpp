@@ -4,6 +4,7 @@
 #include <spellcheck.h>
 
 #include <map>
+#include <utility>
 
 #include "composer/com_owners.h"
 #include "embedding/unique_resource.h"

@@ -70,8 +70,8 @@ Facts factsAt(int dpi, const RECT& work, const RECT& owner) {
   return facts;
 }
 
-std::vector<LONG> computed(HWND owner, bool ignoresHeight = false) {
-  return sides(computeCleanBackgroundRect(owner, ignoresHeight));
+std::vector<LONG> computed(HWND owner, PanelHeight height = PanelHeight::present) {
+  return sides(computeCleanBackgroundRect(owner, height));
 }
 
 const RECT work = {0, 0, 1920, 1040};
@@ -165,7 +165,7 @@ TEST_F(CleanBackgroundRect, TakesTheStatesHeight) {
     Facts facts = factsAt(144, {0, 0, 3840, 2160}, place);
     facts.stateHeight = std::min(height, 1e6);
     EXPECT_EQ(computed(owner.get()), expected(facts)) << height;
-    EXPECT_EQ(computed(owner.get(), true), expected(facts)) << height;
+    EXPECT_EQ(computed(owner.get(), PanelHeight::asked), expected(facts)) << height;
   }
   cleanBackgroundState().cleanBackgroundHeight = 300.0;
   EXPECT_EQ(computed(owner.get())[3] - computed(owner.get())[1], 450);
@@ -181,8 +181,8 @@ class WithAPanel : public DesktopTest {
     cleanBackgroundState().cleanBackgroundHeight = 300.0;
   }
 
-  LONG height(bool ignoresHeight) const {
-    const std::vector<LONG> rect = computed(owner->get(), ignoresHeight);
+  LONG height(PanelHeight panelHeight) const {
+    const std::vector<LONG> rect = computed(owner->get(), panelHeight);
     return rect[3] - rect[1];
   }
 
@@ -193,8 +193,8 @@ class WithAPanel : public DesktopTest {
 
 TEST_F(WithAPanel, KeepsItsPresentHeight_UnlessThatIsIgnored) {
   standUp();
-  EXPECT_EQ(height(false), 123);
-  EXPECT_EQ(height(true), 300);
+  EXPECT_EQ(height(PanelHeight::present), 123);
+  EXPECT_EQ(height(PanelHeight::asked), 300);
   Facts facts = factsAt(96, work, place);
   facts.presentHeight = 123;
   EXPECT_EQ(computed(owner->get()), expected(facts));
@@ -203,19 +203,19 @@ TEST_F(WithAPanel, KeepsItsPresentHeight_UnlessThatIsIgnored) {
 TEST_F(WithAPanel, KeepsItsPresentHeight_WhenItIsHidden) {
   standUp();
   ::ShowWindow(panel->get(), SW_HIDE);
-  EXPECT_EQ(height(false), 123);
+  EXPECT_EQ(height(PanelHeight::present), 123);
 }
 
 TEST_F(WithAPanel, TakesTheStatesHeight_WhenItIsIconic) {
   standUp();
   ::ShowWindow(panel->get(), SW_MINIMIZE);
-  EXPECT_EQ(height(false), 300);
+  EXPECT_EQ(height(PanelHeight::present), 300);
 }
 
 TEST_F(WithAPanel, TakesTheStatesHeight_WhenItIsGone) {
   standUp();
   panel.reset();
-  EXPECT_EQ(height(false), 300);
+  EXPECT_EQ(height(PanelHeight::present), 300);
 }
 
 TEST_F(WithAPanel, TakesTheStatesHeight_WhenItsPlaceCantBeRead) {
@@ -223,7 +223,7 @@ TEST_F(WithAPanel, TakesTheStatesHeight_WhenItsPlaceCantBeRead) {
   desktop.setFaults(faultOf("GetWindowRect", "false", "main"));
   EXPECT_EQ(computed(owner->get()), fixedRect) << "the owner's place is the main one";
   desktop.setFaults(R"([{"call": "GetWindowRect", "nth": 2, "result": false}])");
-  EXPECT_EQ(height(false), 300);
+  EXPECT_EQ(height(PanelHeight::present), 300);
 }
 
 TEST_F(CleanBackgroundRect, IsTheFixedOne_WhenMonitorOrOwnerCantBeRead) {
@@ -233,7 +233,7 @@ TEST_F(CleanBackgroundRect, IsTheFixedOne_WhenMonitorOrOwnerCantBeRead) {
        {std::pair{"MonitorFromWindow", "null"}, {"GetMonitorInfoW", "false"}, {"GetWindowRect", "false"}}) {
     desktop.setFaults(faultOf(call, result));
     EXPECT_EQ(computed(owner.get()), fixedRect) << call;
-    EXPECT_EQ(computed(owner.get(), true), fixedRect) << call;
+    EXPECT_EQ(computed(owner.get(), PanelHeight::asked), fixedRect) << call;
   }
   desktop.setFaults("[]");
   EXPECT_EQ(computed(nullptr), fixedRect);

@@ -36,7 +36,9 @@ class Main {
     return syncCleanBackground(window.get(), scale, &arguments);
   }
   HWND panel() const { return cleanBackgroundState().cleanBackgroundWindow; }
-  RECT wanted(bool ignoresHeight = false) const { return computeCleanBackgroundRect(window.get(), ignoresHeight); }
+  RECT wanted(PanelHeight height = PanelHeight::present) const {
+    return computeCleanBackgroundRect(window.get(), height);
+  }
 
   PlainWindow window{{300, 100, 700, 600}};
 };
@@ -178,7 +180,7 @@ TEST_F(SyncCleanBackground, MovesThePanelOnlyWhenAsked) {
   EXPECT_EQ(sidesOf(main.panel())[3] - sidesOf(main.panel())[1], 222) << "the dragged height stays";
 
   main.sync(mapOf({{"height", EncodableValue(300)}, {"resetHeight", EncodableValue(1)}}));
-  EXPECT_EQ(sidesOf(main.panel()), sides(main.wanted(true)));
+  EXPECT_EQ(sidesOf(main.panel()), sides(main.wanted(PanelHeight::asked)));
   EXPECT_EQ(sidesOf(main.panel())[3] - sidesOf(main.panel())[1], 300);
 }
 

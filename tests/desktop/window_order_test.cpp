@@ -28,7 +28,7 @@ const std::string foreign = R"({"id": "foreign", "process": "notepad.exe"})";
 class Placed {
  public:
   Placed() : window({0, 0, 300, 200}, L"Placed", WS_OVERLAPPEDWINDOW) {}
-  bool behindOwn(bool force) const { return placeBehindOwnWindows(window.get(), force); }
+  bool behindOwn(Restack restack) const { return placeBehindOwnWindows(window.get(), restack); }
 
   PlainWindow window;
 };
@@ -40,7 +40,7 @@ TEST_F(WindowOrder, IsBehindTheLowestOwnWindow) {
       {"id": "f1", "process": "notepad.exe"}, {"id": "b", "process": "orvane.exe"},
       {"id": "f2", "process": "notepad.exe"})"));
   const Placed placed;
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"a", "f1", "b", "main", "f2"}));
 }
 
@@ -48,7 +48,7 @@ TEST_F(WindowOrder, CountsTheWindowsOfThisProcessToo) {
   const SimulatedDesktop desktop(desktopOf(foreign));
   const Placed placed;
   const PlainWindow own({0, 0, 100, 100}, L"Own");
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"own", "main", "foreign"}));
 }
 
@@ -71,7 +71,7 @@ TEST_F(WindowOrder, PassesOverWindowsThatDontCount) {
     const SimulatedDesktop desktop(desktopOf(R"({"id": "upper", "process": "orvane.exe"}, )" + foreign +
                                              R"(, {"id": "lowest", "process": "orvane.exe")" + row.lowest + "}"));
     const Placed placed;
-    EXPECT_TRUE(placed.behindOwn(true));
+    EXPECT_TRUE(placed.behindOwn(Restack::always));
     EXPECT_EQ(desktop.zOrder(),
               row.counts ? (Ids{"upper", "foreign", "lowest", "main"}) : (Ids{"upper", "main", "foreign", "lowest"}))
         << row.why;
@@ -81,7 +81,7 @@ TEST_F(WindowOrder, PassesOverWindowsThatDontCount) {
 TEST_F(WindowOrder, NeverTakesATopmostWindowAsTheAnchor) {
   const SimulatedDesktop desktop(desktopOf(R"({"id": "high", "process": "orvane.exe", "topmost": true}, )" + foreign));
   const Placed placed;
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"high", "main", "foreign"})) << "on top of those that aren't topmost";
   EXPECT_FALSE(desktop.windowState("main").topmost);
 }
@@ -92,7 +92,7 @@ TEST_F(WindowOrder, PassesOverAWindow_WhenItsProgramCantBeRead) {
                                        R"(, {"id": "lowest", "process": "orvane.exe", "pid": 77})"));
     const Placed placed;
     desktop.setFaults(faultOf(call, result, "lowest"));
-    EXPECT_TRUE(placed.behindOwn(true));
+    EXPECT_TRUE(placed.behindOwn(Restack::always));
     EXPECT_EQ(desktop.zOrder(), (Ids{"upper", "main", "foreign", "lowest"})) << call;
   }
 }
@@ -102,7 +102,7 @@ TEST_F(WindowOrder, IsOnTop_WhenThereIsNoOtherOwnWindow) {
   const Placed placed;
   ::SetWindowPos(placed.window.get(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ASSERT_EQ(desktop.zOrder(), (Ids{"foreign", "main"}));
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"main", "foreign"}));
 }
 
@@ -111,7 +111,7 @@ TEST_F(WindowOrder, IsNeverBehindItself) {
   const PlainWindow window({0, 0, 300, 200}, L"Placed");
   ::SetWindowPos(window.get(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   ASSERT_EQ(desktop.zOrder(), (Ids{"upper", "foreign", "main"}));
-  EXPECT_TRUE(placeBehindOwnWindows(window.get(), true));
+  EXPECT_TRUE(placeBehindOwnWindows(window.get(), Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"upper", "main", "foreign"}));
 }
 
@@ -119,7 +119,7 @@ TEST_F(WindowOrder, IsOnTop_WhenTheListCantBeRead) {
   SimulatedDesktop desktop(desktopOf(foreign + R"(, {"id": "a", "process": "orvane.exe"})"));
   const Placed placed;
   desktop.setFaults(faultOf("GetTopWindow", "null"));
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"main", "foreign", "a"}));
 }
 
@@ -128,14 +128,14 @@ TEST_F(WindowOrder, EndsWhereTheListDoes) {
                                      R"(, {"id": "lowest", "process": "orvane.exe"})"));
   const Placed placed;
   desktop.setFaults(faultOf("GetWindow", "null", "foreign"));
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"upper", "main", "foreign", "lowest"}));
 }
 
 TEST_F(WindowOrder, ShowsTheWindowWithoutMovingOrActivatingIt) {
   const SimulatedDesktop desktop(desktopOf(foreign, R"("foreign")"));
   const Placed placed;
-  EXPECT_TRUE(placed.behindOwn(true));
+  EXPECT_TRUE(placed.behindOwn(Restack::always));
   EXPECT_TRUE(::IsWindowVisible(placed.window.get()));
   EXPECT_EQ(desktop.foreground(), "foreign");
   EXPECT_EQ(desktop_tests::sidesOf(placed.window.get()), (std::vector<LONG>{0, 0, 300, 200}));
@@ -145,8 +145,8 @@ TEST_F(WindowOrder, Fails_WhenTheWindowCantBePlaced) {
   SimulatedDesktop desktop(desktopOf(foreign));
   const Placed placed;
   desktop.setFaults(faultOf("SetWindowPos", "false"));
-  EXPECT_FALSE(placed.behindOwn(true));
-  EXPECT_FALSE(placeBehindOwnWindows(nullptr, true));
+  EXPECT_FALSE(placed.behindOwn(Restack::always));
+  EXPECT_FALSE(placeBehindOwnWindows(nullptr, Restack::always));
 }
 
 struct DueRow {
@@ -173,13 +173,13 @@ TEST_F(WindowOrder, ChangesOnlyWhileAnOwnWindowIsInFront_UnlessForced) {
     const Placed placed;
     desktop.bringToFront(row.foreground);
     const Ids before = desktop.zOrder();
-    EXPECT_TRUE(placed.behindOwn(false)) << row.why;
+    EXPECT_TRUE(placed.behindOwn(Restack::whenOwnProgramIsInFront)) << row.why;
     EXPECT_EQ(desktop.platformCalls("SetWindowPos"), row.isDue ? 1 : 0) << row.why;
     EXPECT_EQ(::IsWindowVisible(placed.window.get()) != FALSE, row.isDue) << row.why;
     if (!row.isDue) {
       EXPECT_EQ(desktop.zOrder(), before) << row.why;
     }
-    EXPECT_TRUE(placed.behindOwn(true)) << row.why;
+    EXPECT_TRUE(placed.behindOwn(Restack::always)) << row.why;
     EXPECT_TRUE(::IsWindowVisible(placed.window.get())) << row.why;
   }
 }
@@ -189,9 +189,9 @@ TEST_F(WindowOrder, LeavesAnIconicWindowAlone_UnlessForced) {
   const PlainWindow window({0, 0, 300, 200}, L"Placed");
   ::ShowWindow(window.get(), SW_MINIMIZE);
   desktop.bringToFront("own");
-  EXPECT_TRUE(placeBehindOwnWindows(window.get(), false));
+  EXPECT_TRUE(placeBehindOwnWindows(window.get(), Restack::whenOwnProgramIsInFront));
   EXPECT_EQ(desktop.platformCalls("SetWindowPos"), 0);
-  EXPECT_TRUE(placeBehindOwnWindows(window.get(), true));
+  EXPECT_TRUE(placeBehindOwnWindows(window.get(), Restack::always));
   EXPECT_EQ(desktop.zOrder(), (Ids{"own", "main", "foreign"}));
   EXPECT_TRUE(::IsIconic(window.get())) << "its place in the order alone changes";
 }
@@ -201,7 +201,7 @@ TEST_F(WindowOrder, Fails_WhenItIsDueAndTheWindowCantBePlaced) {
   const Placed placed;
   desktop.bringToFront("own");
   desktop.setFaults(faultOf("SetWindowPos", "false"));
-  EXPECT_FALSE(placed.behindOwn(false));
+  EXPECT_FALSE(placed.behindOwn(Restack::whenOwnProgramIsInFront));
 }
 
 }  // namespace

@@ -6,12 +6,12 @@
 
 namespace orvane {
 
-struct ProcessHandleTraits {
+struct KernelHandleTraits {
   using Value = HANDLE;
   static constexpr Value invalid() noexcept { return nullptr; }
   static void release(Value value) noexcept { ::CloseHandle(value); }
 };
-// What OpenProcess gave.
-using UniqueProcessHandle = UniqueResource<ProcessHandleTraits>;
+// What OpenProcess or CreateThread gave.
+using UniqueKernelHandle = UniqueResource<KernelHandleTraits>;
 
 }  // namespace orvane

@@ -1,5 +1,3 @@
-#include "desktop/window_arguments.h"
-
 #include <gtest/gtest.h>
 
 #include <any>
@@ -10,6 +8,7 @@
 #include <vector>
 
 #include "desktop/desktop_test.h"
+#include "embedding/call_arguments.h"
 #include "support/row_name.h"
 
 namespace orvane {
@@ -30,19 +29,19 @@ class EveryKindOfValue : public ::testing::TestWithParam<ValueRow> {};
 
 TEST_P(EveryKindOfValue, ReadsAsANumber_WhenItIsOne_ElseAsTheFallback) {
   const EncodableMap map = mapOf({{"key", GetParam().value}});
-  EXPECT_EQ(numberArgument(&map, "key", fallback), GetParam().number);
+  EXPECT_EQ(numberEntry(&map, "key", fallback), GetParam().number);
 }
 
 TEST_P(EveryKindOfValue, ReadsAsText_WhenItIsOne_ElseAsAnEmptyOne) {
   const EncodableMap map = mapOf({{"key", GetParam().value}});
-  EXPECT_EQ(stringArgument(&map, "key"), GetParam().text);
+  EXPECT_EQ(stringEntry(&map, "key"), GetParam().text);
 }
 
 TEST_P(EveryKindOfValue, IsASetFlag_WhenItsNumberIsNotZero) {
   const EncodableMap map = mapOf({{"key", GetParam().value}});
   const bool isNumber = GetParam().number != fallback;
-  EXPECT_EQ(flagArgument(&map, "key", true), isNumber ? GetParam().number != 0.0 : true);
-  EXPECT_EQ(flagArgument(&map, "key", false), isNumber ? GetParam().number != 0.0 : false);
+  EXPECT_EQ(flagEntry(&map, "key", true), isNumber ? GetParam().number != 0.0 : true);
+  EXPECT_EQ(flagEntry(&map, "key", false), isNumber ? GetParam().number != 0.0 : false);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -77,23 +76,23 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(NumberArgument, KeepsWhatIsNoNumberAtAll) {
   const EncodableMap map = mapOf({{"key", EncodableValue(std::nan(""))}});
-  EXPECT_TRUE(std::isnan(numberArgument(&map, "key", fallback)));
-  EXPECT_TRUE(flagArgument(&map, "key", false)) << "it isn't 0";
+  EXPECT_TRUE(std::isnan(numberEntry(&map, "key", fallback)));
+  EXPECT_TRUE(flagEntry(&map, "key", false)) << "it isn't 0";
 }
 
 TEST(Arguments, TakeTheirDefaults_WhenThereIsNoMap) {
-  EXPECT_EQ(numberArgument(nullptr, "key", fallback), fallback);
-  EXPECT_EQ(stringArgument(nullptr, "key"), "");
-  EXPECT_TRUE(flagArgument(nullptr, "key", true));
-  EXPECT_FALSE(flagArgument(nullptr, "key", false));
+  EXPECT_EQ(numberEntry(nullptr, "key", fallback), fallback);
+  EXPECT_EQ(stringEntry(nullptr, "key"), "");
+  EXPECT_TRUE(flagEntry(nullptr, "key", true));
+  EXPECT_FALSE(flagEntry(nullptr, "key", false));
 }
 
 TEST(Arguments, TakeTheirDefaults_WhenNoKeyIsExactlyTheirs) {
   EncodableMap map = mapOf({{"Key", EncodableValue(1)}, {"key ", EncodableValue(1)}, {"", EncodableValue("x")}});
   map[EncodableValue(1)] = EncodableValue(2.0);
   map[EncodableValue()] = EncodableValue("y");
-  EXPECT_EQ(numberArgument(&map, "key", fallback), fallback);
-  EXPECT_EQ(stringArgument(&map, "key"), "");
+  EXPECT_EQ(numberEntry(&map, "key", fallback), fallback);
+  EXPECT_EQ(stringEntry(&map, "key"), "");
 }
 
 }  // namespace
