@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "windows/call.h"
+#include "windows/state.h"
 
 using namespace orvane::simulation;
 
@@ -47,6 +48,7 @@ int _fileno(FILE* stream) {
 // the simulation, and its output stream is the report's.
 int _dup2(int from, int to) {
   if (const auto fault = enter("_dup2")) return faulted<int>(*fault);
+  stateFor("_dup2").records.descriptors.push_back({from, to});
   if (isStandardDescriptor(from) && isStandardDescriptor(to)) return 0;
   errno = EBADF;
   return -1;

@@ -66,12 +66,27 @@ struct PostedMessage {
   std::int64_t lParam = 0;
 };
 
+// A window class as the program asked for it.
+struct RegisteredClass {
+  Text name;
+  std::uint32_t style = 0;
+  bool hasIcon = false;
+  bool hasCursor = false;
+};
+
+struct DuplicatedDescriptor {
+  int from = 0;
+  int to = 0;
+};
+
 struct PlatformRecords {
   EngineRecord engine;
   std::vector<ShellCall> shell;
   std::vector<AttributeSet> attributes;
   std::vector<PostedMessage> posted;
   std::vector<Painted> painted;
+  std::vector<RegisteredClass> classes;
+  std::vector<DuplicatedDescriptor> descriptors;
 };
 
 // The platform's functions in front of one desktop, for one run of the host in this process.

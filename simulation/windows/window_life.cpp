@@ -173,6 +173,8 @@ ATOM RegisterClassW(const WNDCLASSW* windowClass) {
   }
   if (windowClass->hbrBackground != nullptr) stopRun("RegisterClassW", "a background brush isn't modelled");
   const WindowClass entry{windowClass->lpszClassName, windowClass->lpfnWndProc, windowClass->style};
+  state.records.classes.push_back(
+      {textFromWide(entry.name), entry.style, windowClass->hIcon != nullptr, windowClass->hCursor != nullptr});
   const bool isNew = state.classes.emplace(foldedName(entry.name), entry).second;
   if (!isNew) return failWith<ATOM>(ERROR_CLASS_ALREADY_EXISTS);
   return static_cast<ATOM>(firstAtom + state.classes.size());

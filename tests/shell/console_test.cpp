@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "support/simulated_desktop.h"
 
 namespace orvane {
@@ -26,11 +28,15 @@ TEST(Console, ChangesNothing_WhenThePlatformGivesNone) {
 }
 
 TEST(Console, DuplicatesStdout_WhenAStreamCantBeReopened) {
-  const SimulatedDesktop desktop(R"({"faults": [{"call": "AllocConsole", "result": 1},
+  SimulatedDesktop desktop(R"({"faults": [{"call": "AllocConsole", "result": 1},
                                                   {"call": "freopen_s", "times": 2, "result": 2}]})");
   CreateAndAttachConsole();
   EXPECT_EQ(desktop.platformCalls("_fileno"), 2);
-  EXPECT_EQ(desktop.platformCalls("_dup2"), 2);
+  const auto& descriptors = desktop.platform().records().descriptors;
+  ASSERT_EQ(descriptors.size(), 2U);
+  EXPECT_EQ(std::pair(descriptors[0].from, descriptors[0].to), std::pair(1, 1));
+  EXPECT_EQ(std::pair(descriptors[1].from, descriptors[1].to), std::pair(1, 2))
+      << "the errors go where the output goes";
   EXPECT_EQ(desktop.platformCalls("FlutterDesktopResyncOutputStreams"), 1);
 }
 
