@@ -53,13 +53,23 @@ TEST_F(CleanBackgroundWindow, IsAHiddenTopLevelWindowOfItsOwn) {
   ::GetClassNameW(panel, className, 64);
   EXPECT_EQ(std::wstring(className), L"Orvane_Clean_Background_RC310");
   EXPECT_EQ(titleOf(panel), L"Orvane - Clean Background");
-  EXPECT_EQ(styleOf(panel) & 0x00CF0000U, 0x00CF0000U);
-  EXPECT_NE(static_cast<DWORD>(::GetWindowLongPtrW(panel, GWL_EXSTYLE)) & 0x00040000U, 0U);
+  EXPECT_EQ(styleOf(panel), 0x00CF0000U | WS_CLIPSIBLINGS);
+  EXPECT_EQ(static_cast<DWORD>(::GetWindowLongPtrW(panel, GWL_EXSTYLE)), 0x00040000U | WS_EX_WINDOWEDGE);
   EXPECT_EQ(::GetAncestor(panel, GA_ROOT), panel);
   EXPECT_EQ(sidesOf(panel), sides(panelPlace));
   EXPECT_FALSE(::IsWindowVisible(panel));
   EXPECT_EQ(propertyOf(panel), reinterpret_cast<HANDLE>(std::uintptr_t{1}));
   EXPECT_EQ(cleanBackgroundState().cleanBackgroundOwner, pair.owner.get());
+}
+
+TEST_F(CleanBackgroundWindow, HasAClassWithTheArrowAlone) {
+  SimulatedDesktop desktop("{}");
+  const Pair pair;
+  const simulation::RegisteredClass& windowClass = desktop.platform().records().classes.back();
+  EXPECT_EQ(windowClass.name, u"Orvane_Clean_Background_RC310");
+  EXPECT_EQ(windowClass.style, 0U);
+  EXPECT_FALSE(windowClass.hasIcon);
+  EXPECT_TRUE(windowClass.hasCursor);
 }
 
 TEST_F(CleanBackgroundWindow, IsMadeOnce) {
@@ -253,11 +263,14 @@ TEST_F(CleanBackgroundWindow, TakesTheSuggestedPlaceAndIsDrawnAgain_WhenTheDpiCh
   pair.show();
   paintedNow(desktop, pair.panel());
   ASSERT_TRUE(paintedNow(desktop, pair.panel()).empty()) << "all is drawn";
+  const PlainWindow above({0, 0, 50, 50}, L"Above");
+  ASSERT_EQ(desktop.zOrder(), (Ids{"above", "backdrop", "main"}));
   RECT suggested{10, 20, 710, 420};
   EXPECT_EQ(::SendMessageW(pair.panel(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested)), 0);
   EXPECT_EQ(sidesOf(pair.panel()), sides(suggested));
   EXPECT_EQ(paintedNow(desktop, pair.panel()).size(), 1U);
   EXPECT_EQ(desktop.foreground(), "main") << "it isn't activated";
+  EXPECT_EQ(desktop.zOrder(), (Ids{"above", "backdrop", "main"}));
 }
 
 TEST_F(CleanBackgroundWindow, IsDrawnAgain_WhenTheDpiChangesAndItCantBeMoved) {
@@ -306,7 +319,7 @@ TEST_F(CleanBackgroundWindow, ComesBackBelowItsOwner_WhenItIsAskedTo) {
   const Pair pair;
   cleanBackgroundState().temporarilyClosed = true;
   desktop.bringToFront("foreign");
-  const RECT wanted = computeCleanBackgroundRect(pair.owner.get(), false);
+  const RECT wanted = computeCleanBackgroundRect(pair.owner.get(), PanelHeight::present);
   ASSERT_NE(sides(wanted), sides(panelPlace));
 
   EXPECT_EQ(::SendMessageW(pair.panel(), restoreCleanBackgroundMessage, 0, 0), 0);
@@ -336,7 +349,7 @@ TEST_F(CleanBackgroundWindow, IsRestored_WhenItWasIconic) {
   pair.show();
   ::ShowWindow(pair.panel(), SW_MINIMIZE);
   cleanBackgroundState().cleanBackgroundHeight = 150.0;
-  const RECT wanted = computeCleanBackgroundRect(pair.owner.get(), false);
+  const RECT wanted = computeCleanBackgroundRect(pair.owner.get(), PanelHeight::present);
   ASSERT_EQ(wanted.bottom - wanted.top, 150) << "the iconic height doesn't count";
   ::SendMessageW(pair.panel(), restoreCleanBackgroundMessage, 0, 0);
   EXPECT_FALSE(::IsIconic(pair.panel()));

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "desktop/desktop_test.h"
+#include "support/call_record.h"
 #include "support/row_name.h"
 
 namespace orvane {
@@ -17,6 +18,7 @@ namespace {
 using desktop_tests::DesktopTest;
 using desktop_tests::faultOf;
 using desktop_tests::mapOf;
+using simulation::CallRecord;
 using simulation::SimulatedDesktop;
 
 constexpr int contentProcess = 4242;
@@ -88,6 +90,18 @@ TEST_F(ContentProcess, IsNotLookedFor_WhenItsIdIsZero) {
   EXPECT_EQ(desktop.foreground(), "front");
 }
 
+TEST_F(ContentProcess, IsLookedFor_WhateverTheSizeOfItsNumber) {
+  // As a double it is 9,100,000,000,000,005,120.
+  constexpr std::int64_t number = 9'100'000'000'000'004'711;
+  constexpr auto processId = static_cast<std::uint32_t>(std::uint64_t{9'100'000'000'000'005'120});
+  const SimulatedDesktop desktop(
+      desktopOf(R"({"id": "content", "process": "orvane.exe", "class": "FLUTTER_RUNNER_WIN32_WINDOW", "pid": )" +
+                std::to_string(processId) + "}"));
+  EXPECT_TRUE(activate(EncodableValue(number)));
+  EXPECT_EQ(desktop.platformCalls("EnumWindows"), 1);
+  EXPECT_EQ(desktop.foreground(), "content");
+}
+
 TEST_F(ContentProcess, IsKnownByItsVisibleMainWindow) {
   const std::string pid = R"("pid": 4242)";
   const std::string cutClass(127, 'F');
@@ -150,6 +164,19 @@ TEST_F(ContentProcess, IsAskedForItsToolBox_WhenTheFlagIsSet) {
       EXPECT_EQ(posted[0].wParam, 0U);
       EXPECT_EQ(posted[0].lParam, 0);
     }
+  }
+}
+
+TEST_F(ContentProcess, IsAskedForItsToolBoxFirst_ThenRestoredAndBroughtUp) {
+  const std::vector<std::string> restored{"PostMessageW content", "ShowWindow content", "SetForegroundWindow content",
+                                          "GetForegroundWindow content"};
+  const std::vector<std::string> open{"PostMessageW content", "SetForegroundWindow content",
+                                      "GetForegroundWindow content"};
+  for (const bool isIconic : {false, true}) {
+    SimulatedDesktop desktop(desktopOf(instance("content", isIconic ? R"(, "minimized": true)" : "")));
+    const CallRecord record(desktop, {"PostMessageW", "ShowWindow", "SetForegroundWindow", "GetForegroundWindow"});
+    EXPECT_TRUE(activate(EncodableValue(contentProcess), EncodableValue(1)));
+    EXPECT_EQ(record.calls(), isIconic ? restored : open);
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -208,6 +209,44 @@ TEST_F(NativeMenu, LeavesNothingBehind) {
   EXPECT_EQ(posted[0].message, static_cast<std::uint32_t>(WM_NULL));
   EXPECT_EQ(posted[0].wParam, 0U);
   EXPECT_EQ(posted[0].lParam, 0);
+}
+
+// What had gone of a menu's records and calls when its loop was over, in order.
+class MenusEnd {
+ public:
+  explicit MenusEnd(SimulatedDesktop& desktop) : desktop_(desktop) {
+    desktop_.world().books().watch([this](std::string_view call, const simulation::Window*,
+                                          const simulation::Element*) {
+      if (call == "DestroyMenu") {
+        steps_.clear();
+      }
+      if (call == "DestroyMenu" || call == "DeleteObject" || call == "PostMessageW") {
+        const auto& measured = ownerState().measured;
+        const bool areLive =
+            std::any_of(measured.begin(), measured.end(), [](ULONG_PTR data) { return liveMenuItem(data) != nullptr; });
+        steps_.push_back(std::string(call) + (areLive ? " live" : " over"));
+      }
+    });
+  }
+  ~MenusEnd() { desktop_.world().books().watch({}); }
+  MenusEnd(const MenusEnd&) = delete;
+  MenusEnd& operator=(const MenusEnd&) = delete;
+
+  const std::vector<std::string>& steps() const { return steps_; }
+
+ private:
+  SimulatedDesktop& desktop_;
+  std::vector<std::string> steps_;
+};
+
+TEST_F(NativeMenu, EndsBeforeItsRecordsAndTheseBeforeTheirFont) {
+  SimulatedDesktop desktop("{}");
+  const MenuOwner owner;
+  const EncodableMap arguments = with({});
+  const MenusEnd end(desktop);
+  showNativeHotKeysMenu(owner.get(), &arguments);
+  ASSERT_EQ(ownerState().measured.size(), 3U);
+  EXPECT_EQ(end.steps(), (std::vector<std::string>{"DestroyMenu live", "DeleteObject over", "PostMessageW over"}));
 }
 
 TEST_F(NativeMenu, KeepsItsRecords_WhileMessagesAreHandledInItsLoop) {

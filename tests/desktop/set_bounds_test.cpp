@@ -8,6 +8,7 @@
 
 #include "desktop/desktop_test.h"
 #include "desktop/main_window.h"
+#include "support/call_record.h"
 #include "support/row_name.h"
 
 namespace orvane {
@@ -26,6 +27,7 @@ using desktop_tests::overlappedBits;
 using desktop_tests::sidesOf;
 using desktop_tests::styleOf;
 using desktop_tests::titleOf;
+using simulation::CallRecord;
 using simulation::SimulatedDesktop;
 
 using SetBounds = DesktopTest;
@@ -275,6 +277,35 @@ TEST_F(SetBounds, GoesOn_WhenACallInBetweenFails) {
     desktop.setFaults(faultOf(call, "0"));
     EXPECT_TRUE(main.place({})) << call;
     EXPECT_EQ(sidesOf(main.handle()), box(20, 20, 200, 470)) << call;
+    desktop.setFaults("[]");
+  }
+}
+
+TEST_F(SetBounds, GivesTheForm_ThenRestoresThenPlacesAndRaises) {
+  SimulatedDesktop desktop("{}");
+  Main main;
+  for (const int width : {200, 640}) {
+    const CallRecord record(desktop, {"GetMonitorInfoW", "SetWindowTextW", "SetWindowLongPtrW", "ShowWindow",
+                                      "SetWindowPos", "SetForegroundWindow"});
+    EXPECT_TRUE(main.place(mapOf({{"width", EncodableValue(width)}})));
+    EXPECT_EQ(record.calls(),
+              (std::vector<std::string>{"GetMonitorInfoW", "SetWindowTextW main", "SetWindowLongPtrW main",
+                                        "ShowWindow main", "SetWindowPos main", "SetForegroundWindow main"}));
+  }
+}
+
+TEST_F(SetBounds, ShowsAHiddenWindowByItsPlace_WhenItCantBeRestored) {
+  SimulatedDesktop desktop("{}");
+  for (const bool holdsProperty : {false, true}) {
+    Main main(WS_OVERLAPPEDWINDOW);
+    if (holdsProperty) {
+      ::SetPropW(main.handle(), cleanBackgroundProperty, reinterpret_cast<HANDLE>(std::uintptr_t{1}));
+    }
+    // The order behind the program's own windows would show it too.
+    desktop.setFaults(R"([{"call": "ShowWindow", "result": 0},
+                          {"call": "SetWindowPos", "nth": 2, "result": false}])");
+    EXPECT_TRUE(main.place({}));
+    EXPECT_TRUE(::IsWindowVisible(main.handle())) << holdsProperty;
     desktop.setFaults("[]");
   }
 }

@@ -12,6 +12,7 @@
 #include "composer/key_events.h"
 #include "desktop/desktop_test.h"
 #include "desktop/previous_window.h"
+#include "support/call_record.h"
 #include "support/row_name.h"
 
 namespace orvane {
@@ -20,6 +21,7 @@ namespace {
 using desktop_tests::DesktopTest;
 using desktop_tests::faultOf;
 using desktop_tests::PlainWindow;
+using simulation::CallRecord;
 using simulation::SimulatedDesktop;
 
 using Keys = std::vector<std::string>;
@@ -195,6 +197,19 @@ TEST_F(NewLine, JoinsTheInputOfTheOtherThread_AndPutsTheFocusBack) {
   EXPECT_EQ(desktop->platformCalls("SetFocus"), 1);
   EXPECT_EQ(desktop->platformCalls("SetActiveWindow"), 1);
   EXPECT_EQ(desktop->held("threadInputs"), 0);
+}
+
+TEST_F(NewLine, PartsFromTheOtherThreadBeforeItWaits_AndLooksWhoIsInFrontAfterIt) {
+  standUp(R"(, "minimized": true)");
+  const CallRecord record(
+      *desktop, {"ShowWindow", "AttachThreadInput", "BringWindowToTop", "SetForegroundWindow", "SetActiveWindow",
+                 "GetGUIThreadInfo", "SetFocus", "Sleep", "GetForegroundWindow", "SendInput"});
+  EXPECT_TRUE(send());
+  EXPECT_EQ(record.calls(),
+            (std::vector<std::string>{"ShowWindow editor", "AttachThreadInput editor", "BringWindowToTop editor",
+                                      "SetForegroundWindow editor", "SetActiveWindow editor", "GetGUIThreadInfo editor",
+                                      "SetFocus editor", "AttachThreadInput editor", "Sleep",
+                                      "GetForegroundWindow editor", "SendInput editor"}));
 }
 
 TEST_F(NewLine, AsksForTheForegroundAlone_WhenTheInputCantBeJoined) {

@@ -14,6 +14,7 @@
 #include "desktop/clean_background_window.h"
 #include "desktop/desktop_test.h"
 #include "embedding/recorded_result.h"
+#include "support/call_record.h"
 
 namespace orvane {
 namespace {
@@ -25,6 +26,7 @@ using desktop_tests::oneMonitor;
 using desktop_tests::PlainWindow;
 using embedding_tests::RecordedResult;
 using embedding_tests::ResultCalls;
+using simulation::CallRecord;
 using simulation::SimulatedDesktop;
 
 const std::vector<std::string> methods = {"readOrvaneDraftClipboard",
@@ -249,6 +251,16 @@ TEST_F(WindowChannel, BeginsADragByTheSystemsMoveCommand) {
   EXPECT_EQ(posted[0].message, static_cast<std::uint32_t>(WM_SYSCOMMAND));
   EXPECT_EQ(posted[0].wParam, 0xF012U);
   EXPECT_EQ(posted[0].lParam, 0);
+}
+
+TEST_F(WindowChannel, LetsTheMouseGoAndRaisesTheWindow_BeforeItBeginsADrag) {
+  SimulatedDesktop desktop("{}");
+  const PlainWindow window;
+  const Channel channel(window.get());
+  const CallRecord record(desktop, {"ReleaseCapture", "SetForegroundWindow", "PostMessageW"});
+  EXPECT_EQ(channel.reply("beginWindowDrag"), plain(true));
+  EXPECT_EQ(record.calls(),
+            (std::vector<std::string>{"ReleaseCapture", "SetForegroundWindow main", "PostMessageW main"}));
 }
 
 TEST_F(WindowChannel, TellsOfADragWhetherTheCommandWasPosted) {

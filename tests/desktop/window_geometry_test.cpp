@@ -8,6 +8,7 @@
 
 #include "desktop/desktop_test.h"
 #include "desktop/main_window.h"
+#include "support/call_record.h"
 
 namespace orvane {
 namespace {
@@ -23,6 +24,7 @@ using desktop_tests::PlainWindow;
 using desktop_tests::sidesOf;
 using desktop_tests::styleOf;
 using desktop_tests::titleOf;
+using simulation::CallRecord;
 using simulation::SimulatedDesktop;
 
 using EmergencyRestore = DesktopTest;
@@ -111,6 +113,25 @@ TEST_F(EmergencyRestore, Fails_WhenThePlaceIsRefused) {
   EXPECT_EQ(desktop.platformCalls("SetForegroundWindow"), 0);
 }
 
+TEST_F(EmergencyRestore, RestoresTheWindow_BeforeItPlacesAndRaisesIt) {
+  SimulatedDesktop desktop("{}");
+  Main main;
+  const CallRecord record(desktop,
+                          {"SetWindowTextW", "SetWindowLongPtrW", "ShowWindow", "SetWindowPos", "SetForegroundWindow"});
+  EXPECT_TRUE(emergencyRestore(main.asMain(), main.host));
+  EXPECT_EQ(record.calls(),
+            (std::vector<std::string>{"SetWindowTextW main", "SetWindowLongPtrW main", "ShowWindow main",
+                                      "SetWindowPos main", "SetForegroundWindow main"}));
+}
+
+TEST_F(EmergencyRestore, ShowsAHiddenWindowByItsPlace_WhenItCantBeRestored) {
+  SimulatedDesktop desktop("{}");
+  Main main(WS_OVERLAPPEDWINDOW);
+  desktop.setFaults(faultOf("ShowWindow", "0"));
+  EXPECT_TRUE(emergencyRestore(main.asMain(), main.host));
+  EXPECT_TRUE(::IsWindowVisible(main.handle()));
+}
+
 EncodableMap boundsReply(double x, double y, double width, double height) {
   return mapOf({{"success", EncodableValue(true)},
                 {"x", EncodableValue(x)},
@@ -156,7 +177,7 @@ TEST_F(WindowGeometry, LimitsTheCompactFormByTheDpi) {
     const PlainWindow window;
     MINMAXINFO limits{};
     limits.ptMaxTrackSize = {777, 888};
-    limitCompactTracking(window.get(), limits);
+    limitTracking(window.get(), leastCompactSize, limits);
     EXPECT_EQ(limits.ptMinTrackSize.x, row.width) << row.dpi;
     EXPECT_EQ(limits.ptMinTrackSize.y, row.height) << row.dpi;
     EXPECT_EQ(limits.ptMaxTrackSize.x, 777);

@@ -47,6 +47,20 @@ TEST_P(StandardCodecModel, WritesAndReadsRandomValuesAlike) {
   }
 }
 
+TEST_P(StandardCodecModel, WritesRandomValuesAlike_InAReply) {
+  constexpr std::size_t gatheredBytes = std::size_t{16} * 1024;
+  RandomValues random(GetParam());
+  for (int round = 0; round < 200; ++round) {
+    const EncodableValue value = random.value(5);
+    const std::size_t near = 3 + random.below(200);
+    ASSERT_EQ(writtenInReply(value, near), written(value, near));
+    if (round % 8 == 0) {
+      const std::size_t acrossTheEnd = gatheredBytes - random.below(200);
+      ASSERT_EQ(writtenInReply(value, acrossTheEnd), written(value, acrossTheEnd));
+    }
+  }
+}
+
 TEST_P(StandardCodecModel, ReadsDamagedMessagesAlike) {
   RandomValues random(GetParam());
   for (int round = 0; round < 400 && !HasFailure(); ++round) {

@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "embedding/captured_errors.h"
 #include "embedding/codec_bytes.h"
@@ -31,6 +35,19 @@ TEST_P(StandardCodec, ReadsTheValueBack) {
   const EncodableValue value = read(GetParam().bytes);
 
   EXPECT_EQ(value, GetParam().value);
+  EXPECT_EQ(errors.lines(), Lines{});
+}
+
+// Multiples of 8, so that the bytes are those of the start: near the start of a reply, and on both
+// sides of the place where its writer has gathered as much as it can hold.
+constexpr std::size_t gatheredBytes = std::size_t{16} * 1024;
+constexpr std::size_t alignedOffsets[] = {8, gatheredBytes - 8, gatheredBytes};
+
+TEST_P(StandardCodec, WritesTheSameBytes_InAReply) {
+  CapturedErrors errors;
+  for (const std::size_t offset : alignedOffsets) {
+    EXPECT_EQ(writtenInReply(GetParam().value, offset), GetParam().bytes) << offset;
+  }
   EXPECT_EQ(errors.lines(), Lines{});
 }
 
@@ -77,6 +94,7 @@ TEST(StandardCodecWriting, OrdersMapsByKeyBytes) {
   const Bytes expected = Bytes{13, 3, 7, 7} + bytesOf("success") + Bytes{3, 3, 0, 0, 0} + Bytes{7, 1, 'x'} +
                          Bytes{3, 2, 0, 0, 0} + Bytes{7, 1, 'y'} + Bytes{3, 1, 0, 0, 0};
   EXPECT_EQ(bytes, expected);
+  EXPECT_EQ(writtenInReply(map, 8), expected);
 }
 
 struct SizeCase {
@@ -117,6 +135,18 @@ TEST_P(StandardCodecSize, IsFollowedByThePadding_ForNumberLists) {
   EXPECT_EQ(read(bytes), EncodableValue(numbers));
 }
 
+TEST_P(StandardCodecSize, IsTheSame_InAReply) {
+  const EncodableValue values[] = {std::string(GetParam().size, 't'), std::vector<std::uint8_t>(GetParam().size, 1),
+                                   std::vector<std::int32_t>(GetParam().size, 7),
+                                   std::vector<double>(GetParam().size, 1.5),
+                                   EncodableList(GetParam().size, EncodableValue(true))};
+  for (const EncodableValue& value : values) {
+    for (const std::size_t offset : alignedOffsets) {
+      EXPECT_EQ(writtenInReply(value, offset), written(value)) << value.index() << ' ' << offset;
+    }
+  }
+}
+
 const SizeCase sizeCases[] = {
     {0, {0}},
     {1, {1}},
@@ -139,16 +169,16 @@ struct AlignedForm {
   std::size_t alignment;
 };
 
-TEST(StandardCodecWriting, AlignsFromTheStartOfTheBuffer_AtEachOffset) {
-  const AlignedForm forms[] = {
-      {1.5, 1, 8},
-      {std::vector<std::int32_t>{1}, 2, 4},
-      {std::vector<std::int64_t>{1}, 2, 8},
-      {std::vector<double>{1.5}, 2, 8},
-      {std::vector<float>{1.5F}, 2, 4},
-  };
+const AlignedForm alignedForms[] = {
+    {1.5, 1, 8},
+    {std::vector<std::int32_t>{1}, 2, 4},
+    {std::vector<std::int64_t>{1}, 2, 8},
+    {std::vector<double>{1.5}, 2, 8},
+    {std::vector<float>{1.5F}, 2, 4},
+};
 
-  for (const AlignedForm& form : forms) {
+TEST(StandardCodecWriting, AlignsFromTheStartOfTheBuffer_AtEachOffset) {
+  for (const AlignedForm& form : alignedForms) {
     for (std::size_t offset = 0; offset <= 16; ++offset) {
       const Bytes bytes = written(form.value, offset);
       const std::size_t start = offset + form.headSize;
@@ -159,6 +189,17 @@ TEST(StandardCodecWriting, AlignsFromTheStartOfTheBuffer_AtEachOffset) {
       EXPECT_EQ(Bytes(bytes.begin() + static_cast<std::ptrdiff_t>(form.headSize),
                       bytes.end() - static_cast<std::ptrdiff_t>(payload)),
                 Bytes(padding, 0));
+    }
+  }
+}
+
+TEST(StandardCodecWriting, AlignsFromTheStartOfTheReply_AtEachOffset) {
+  for (const AlignedForm& form : alignedForms) {
+    for (std::size_t offset = 3; offset <= 24; ++offset) {
+      EXPECT_EQ(writtenInReply(form.value, offset), written(form.value, offset)) << form.value.index() << ' ' << offset;
+    }
+    for (std::size_t offset = gatheredBytes - 17; offset <= gatheredBytes; ++offset) {
+      EXPECT_EQ(writtenInReply(form.value, offset), written(form.value, offset)) << form.value.index() << ' ' << offset;
     }
   }
 }
@@ -185,6 +226,18 @@ TEST(StandardCodecWriting, WritesNullAndLogs_ForCustomValues) {
   EXPECT_EQ(bytes, (Bytes{12, 2, 0, 1}));
   EXPECT_EQ(errors.lines(), Lines{"Unhandled custom type in StandardCodecSerializer::WriteValue. "
                                   "Custom types require codec extensions."});
+}
+
+TEST(StandardCodecWriting, WritesNullAndLogsOnce_ForACustomValueInAReply) {
+  for (const std::size_t offset : {std::size_t{8}, gatheredBytes - 8, gatheredBytes + 8}) {
+    CapturedErrors errors;
+
+    const Bytes bytes = writtenInReply(EncodableList{CustomEncodableValue(5), true}, offset);
+
+    EXPECT_EQ(bytes, (Bytes{12, 2, 0, 1})) << offset;
+    EXPECT_EQ(errors.lines(), Lines{"Unhandled custom type in StandardCodecSerializer::WriteValue. "
+                                    "Custom types require codec extensions."});
+  }
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "desktop/content_process.h"
 #include "embedding/captured_errors.h"
 #include "shell/flutter_window_fixture.h"
+#include "support/call_record.h"
 
 namespace orvane {
 namespace {
@@ -23,6 +24,8 @@ using desktop_tests::PlainWindow;
 using embedding_tests::ResultCalls;
 using shell_tests::FlutterWindowTest;
 using shell_tests::OpenWindow;
+using shell_tests::viewsTurn;
+using simulation::CallRecord;
 
 TEST_F(FlutterWindowTest, StaysHiddenUntilTheFirstFrame) {
   ASSERT_TRUE(start());
@@ -44,6 +47,34 @@ TEST_F(FlutterWindowTest, GivesTheViewItsClientArea_AndRegistersThePluginsInOrde
   EXPECT_EQ(engine.plugins,
             (std::vector<std::string>{"DesktopDropPlugin", "UrlLauncherWindows", "WebviewWindowsPlugin"}));
   EXPECT_EQ(desktop.platformCalls("SetParent"), 1);
+}
+
+TEST_F(FlutterWindowTest, IsSetUpInOrder_WhenItIsMade) {
+  const CallRecord record(
+      desktop,
+      {"FlutterDesktopEngineCreate", "FlutterDesktopViewControllerCreate", "DesktopDropPluginRegisterWithRegistrar",
+       "UrlLauncherWindowsRegisterWithRegistrar", "WebviewWindowsPluginRegisterWithRegistrar", "SetWinEventHook",
+       "FlutterDesktopMessengerSetCallback", "FlutterDesktopViewGetHWND", "SetParent",
+       "FlutterDesktopEngineSetNextFrameCallback", "FlutterDesktopViewControllerForceRedraw"});
+  ASSERT_TRUE(start());
+  EXPECT_EQ(
+      record.calls(),
+      (std::vector<std::string>{
+          "FlutterDesktopEngineCreate", "FlutterDesktopViewControllerCreate", "DesktopDropPluginRegisterWithRegistrar",
+          "UrlLauncherWindowsRegisterWithRegistrar", "WebviewWindowsPluginRegisterWithRegistrar", "SetWinEventHook",
+          "FlutterDesktopMessengerSetCallback", "FlutterDesktopMessengerSetCallback", "FlutterDesktopViewGetHWND",
+          "SetParent ", "FlutterDesktopEngineSetNextFrameCallback", "FlutterDesktopViewControllerForceRedraw"}));
+}
+
+TEST_F(FlutterWindowTest, EndsItsBackdropBeforeItsViewHearsOfTheEnd_ThenHookAndView) {
+  ASSERT_TRUE(start());
+  ASSERT_TRUE(succeeds("orvane/window", "syncCleanBackground"));
+  const CallRecord record(desktop,
+                          {"DestroyWindow", viewsTurn, "UnhookWinEvent", "FlutterDesktopViewControllerDestroy"});
+  end();
+  EXPECT_EQ(record.calls(),
+            (std::vector<std::string>{"DestroyWindow main", "DestroyWindow backdrop", std::string(viewsTurn) + " main",
+                                      "UnhookWinEvent", "FlutterDesktopViewControllerDestroy"}));
 }
 
 TEST_F(FlutterWindowTest, AnswersOnBothChannels) {

@@ -104,6 +104,12 @@ TEST(Win32WindowCreate, StartsClean_WhenThereIsAWindowAlready) {
   EXPECT_EQ(desktop.platformCalls("RegisterClassW"), 1) << "the class outlives a window while its object lives";
 }
 
+// The program's icon in this size; each size is one of its own.
+LRESULT programIcon(int sidePixels) {
+  return reinterpret_cast<LRESULT>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(101), IMAGE_ICON,
+                                                sidePixels, sidePixels, LR_DEFAULTCOLOR));
+}
+
 TEST(Win32WindowCreate, TakesTheStyleTitleAndIcons) {
   const SimulatedDesktop desktop("{}");
   Win32Window window;
@@ -114,8 +120,26 @@ TEST(Win32WindowCreate, TakesTheStyleTitleAndIcons) {
   const auto style = static_cast<DWORD>(::GetWindowLongPtrW(window.GetHandle(), GWL_STYLE));
   EXPECT_EQ(style & WS_OVERLAPPEDWINDOW, static_cast<DWORD>(WS_OVERLAPPEDWINDOW));
   EXPECT_EQ(desktop.platformCalls("LoadImageW"), 2);
-  EXPECT_NE(::SendMessageW(window.GetHandle(), WM_SETICON, iconSmall, 0), 0) << "there was a small icon";
-  EXPECT_NE(::SendMessageW(window.GetHandle(), WM_SETICON, iconBig, 0), 0) << "there was a big icon";
+  EXPECT_EQ(::SendMessageW(window.GetHandle(), WM_SETICON, iconSmall, 0), programIcon(16));
+  EXPECT_EQ(::SendMessageW(window.GetHandle(), WM_SETICON, iconBig, 0), programIcon(32));
+  EXPECT_EQ(desktop.platformCalls("EnableNonClientDpiScaling"), 1);
+}
+
+TEST(Win32WindowCreate, HasSetTheTheme_WhenTheHeirFails) {
+  SimulatedDesktop desktop(R"({"lightTheme": false})");
+  CountingWindow window;
+  window.succeeds = false;
+  EXPECT_FALSE(window.Create(L"x", {10, 10}, {100, 100}));
+  EXPECT_EQ(desktop.platform().records().attributes.size(), 3U);
+}
+
+TEST(Win32WindowShow, TellsWhetherItWasVisibleBefore) {
+  const SimulatedDesktop desktop("{}");
+  Win32Window window;
+  ASSERT_TRUE(window.Create(L"x", {10, 10}, {100, 100}));
+  EXPECT_FALSE(window.Show());
+  EXPECT_TRUE(window.Show());
+  EXPECT_TRUE(::IsWindowVisible(window.GetHandle()));
 }
 
 TEST(Win32WindowCreate, SetsTheIconsThatLoaded) {
@@ -139,6 +163,18 @@ TEST(Win32WindowClass, IsRegisteredByTheFirstAndUnregisteredAfterTheLast) {
     EXPECT_EQ(desktop.platformCalls("UnregisterClassW"), 0);
   }
   EXPECT_FALSE(::UnregisterClassW(L"FLUTTER_RUNNER_WIN32_WINDOW", ::GetModuleHandleW(nullptr))) << "it is gone already";
+}
+
+TEST(Win32WindowClass, IsDrawnAnewWithEachSize_AndHasIconAndArrow) {
+  SimulatedDesktop desktop("{}");
+  Win32Window window;
+  ASSERT_TRUE(window.Create(L"x", {0, 0}, {100, 100}));
+  const auto& classes = desktop.platform().records().classes;
+  ASSERT_EQ(classes.size(), 1U);
+  EXPECT_EQ(classes[0].name, u"FLUTTER_RUNNER_WIN32_WINDOW");
+  EXPECT_EQ(classes[0].style, static_cast<std::uint32_t>(CS_HREDRAW | CS_VREDRAW));
+  EXPECT_TRUE(classes[0].hasIcon);
+  EXPECT_TRUE(classes[0].hasCursor);
 }
 
 TEST(Win32WindowClass, IsRegisteredAgain_ByTheFirstWindowAfterTheLast) {
@@ -198,13 +234,17 @@ TEST(Win32WindowMessages, DoNothingOnSize_BeforeThereIsContent) {
 }
 
 TEST(Win32WindowMessages, TakeTheSuggestedBounds_WhenTheDpiChanges) {
-  const SimulatedDesktop desktop("{}");
+  SimulatedDesktop desktop(R"({"windows": [{"id": "other", "process": "notepad.exe"}]})");
   Win32Window window;
   ASSERT_TRUE(window.Create(L"x", {10, 10}, {100, 100}));
+  ASSERT_FALSE(window.Show());
+  desktop.bringToFront("other");
   RECT suggested{40, 50, 440, 350};
   EXPECT_EQ(
       ::SendMessageW(window.GetHandle(), WM_DPICHANGED, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested)), 0);
   EXPECT_EQ(sides(boundsOf(window.GetHandle())), (std::vector<LONG>{40, 50, 440, 350}));
+  EXPECT_EQ(desktop.zOrder(), (std::vector<std::string>{"other", "main"}));
+  EXPECT_EQ(desktop.foreground(), "other");
 }
 
 TEST(Win32WindowMessages, EndTheWindowOnce_WhenItIsDestroyed) {
@@ -261,12 +301,21 @@ TEST(Win32WindowContent, FillsTheClientArea_AndFollowsItsSize) {
   EXPECT_EQ(contentSize(), (std::vector<LONG>{800 - 16, 600 - 39}));
 }
 
+HWND focusedWindow() {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  EXPECT_TRUE(::GetGUIThreadInfo(::GetCurrentThreadId(), &info));
+  return info.hwndFocus;
+}
+
 TEST(Win32WindowContent, GetsTheFocus_WhenItIsSetAndWheneverTheWindowIsActivated) {
   const SimulatedDesktop desktop("{}");
   Win32Window window;
   ASSERT_TRUE(window.Create(L"x", {10, 10}, {500, 400}));
-  window.SetChildContent(makeContent(window.GetHandle()));
+  const HWND content = makeContent(window.GetHandle());
+  window.SetChildContent(content);
   EXPECT_EQ(desktop.platformCalls("SetFocus"), 1);
+  EXPECT_EQ(focusedWindow(), content);
   EXPECT_EQ(::SendMessageW(window.GetHandle(), WM_ACTIVATE, WA_INACTIVE, 0), 0);
   EXPECT_EQ(desktop.platformCalls("SetFocus"), 2) << "whatever the kind of activation";
 }

@@ -1,5 +1,6 @@
 """Scenarios of the main window's place: each call is told to a model of the window too, and both must agree."""
 from .core import window
+from .menus import NOTHING_CHOSEN, NULL_MESSAGE, Menu, item
 from .placement import Placed, monitor
 from .window_calls import DONE, FAILED, MAIN, Talk, logical
 
@@ -20,6 +21,8 @@ class Geometry(Talk):
         super().__init__(f"geometry/{file}", name, arguments)
         self.monitors = SCREEN if monitors is None else monitors
         self.placed = Placed(self.monitors, origin)
+        self.painted = []
+        self.posts = []
 
     def set_bounds(self, reply=True, asks=True, known=None, **arguments):
         """`known`: which of the platform's calls fail, for the model."""
@@ -44,10 +47,19 @@ class Geometry(Talk):
         self.placed.drag(bounds)
         self.read_bounds()
 
+    def open_menu(self, label="Copy draft"):
+        """A menu at the corner of the client area, which nobody chooses from."""
+        self.ask("showNativeHotKeysMenu", {"items": [item("copy", label)]}, NOTHING_CHOSEN)
+        menu = Menu([(1, label)], self.placed.dpi, number=len(self.posts) + 1)
+        self.painted += menu.painted(self.placed.client_corner())
+        self.posts.append(NULL_MESSAGE)
+
     def end(self, windows=(), faults=(), foreground=MAIN, minimized=False, calls=None, first=..., desktop=None):
         """`first`: who is in front before the first step."""
         facts = self.placed.facts(minimized)
         expect = {"desktop": {"foreground": foreground, "windows": {MAIN: facts}, **(desktop or {})}}
+        if self.painted:
+            expect.update(painted=self.painted, posted=self.posts)
         if calls:
             expect["platformCalls"] = calls
         stands = {} if self.monitors is SCREEN else {"monitors": self.monitors}

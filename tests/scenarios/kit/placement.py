@@ -111,6 +111,11 @@ class Placed:
             self.bounds = [left, top, left + width, top + height]
             assert self.dpi == new_dpi, "the suggested rectangle went to another monitor again"
 
+    def client_corner(self):
+        """Where the client area begins on the screen."""
+        side = mul_div(8, self.dpi, STANDARD_DPI)
+        return [self.bounds[0] + side, self.bounds[1] + frame_height(self.style, self.dpi) - side]
+
     def request(self, x=20, y=20, width=200, height=470, client_height=0, frame_known=True):
         scale = self.dpi / STANDARD_DPI
         left, top, wide, high = (trunc(number * scale) for number in (x, y, width, height))

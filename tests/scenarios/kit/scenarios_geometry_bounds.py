@@ -21,6 +21,14 @@ def forms():
             geometry.set_bounds(x=40, y=40, width=width, height=400)
         yield geometry.end()
 
+        geometry = Geometry(f"frame-of-the-form-at-{dpi}", "the frame follows the form, also where the size stays",
+                            monitors)
+        # Each is as many pixels wide as the other at the scale of 100 percent.
+        for width in (300, 300.5, 300):
+            geometry.set_bounds(x=20, y=20, width=width, height=470)
+            geometry.open_menu()
+        yield geometry.end()
+
         geometry = Geometry(f"defaults-at-{dpi}", "without arguments the window is 200 by 470 at 20, 20", monitors)
         geometry.set_bounds()
         assert geometry.placed.bounds == [int(edge * dpi / 96) for edge in (20, 20, 220, 490)]
@@ -74,6 +82,12 @@ def limits():
         geometry.set_bounds(x=left, y=7, width=640, height=100)
     for top in (1040 - 100 - 1, 1040 - 100, 1040 - 100 + 1, -1, 0, 1):
         geometry.set_bounds(x=7, y=top, width=640, height=100)
+    yield geometry.end()
+
+    geometry = Geometry("low-and-compact", "a low window in compact form is fitted by the height asked for, and may "
+                        "hang over the lower edge by what its least height adds")
+    geometry.set_bounds(x=1800, y=1000, width=250, height=100)
+    assert geometry.placed.bounds == [1670, 940, 1670 + 250, 940 + 160]
     yield geometry.end()
 
     for dpi in (72, 96, 120, 144, 192):
