@@ -171,8 +171,8 @@ class Delivery:
     def claude_unknown(self, detail):
         return self.claude_first_reading(CLAUDE_TRIES, f"UNVERIFIED: {detail}; prompt was not deleted")
 
-    def claude_not_responding(self):
-        return self.step("Claude Responding State", "INFO: " + NOT_RESPONDING)
+    def claude_not_responding(self, detail=NOT_RESPONDING):
+        return self.step("Claude Responding State", "INFO: " + detail)
 
     def claude_retry(self, send_name, attempt=SIGHTINGS):
         self.send_ready("Claude Retry Readiness", send_name, SIGHTINGS, attempt)
@@ -229,9 +229,10 @@ class Delivery:
         return self.step(f"{branch} Delivery Evidence", f"PASS: {branch} entered a responding state; stale composer "
                          "value ignored; duplicate retry blocked")
 
-    def responding_missed(self, branch):
+    def responding_missed(self, branch, detail=NOT_RESPONDING):
+        """`detail`: the text of the last poll whose search worked; empty when none did."""
         polls = CHATGPT_POLLS if branch == "ChatGPT" else GEMINI_POLLS
-        return self.wait(polls * RESPONDING_PAUSE_MS).step(f"{branch} Responding State", "INFO: " + NOT_RESPONDING)
+        return self.wait(polls * RESPONDING_PAUSE_MS).step(f"{branch} Responding State", "INFO: " + detail)
 
     def probable(self, branch):
         self.send_never_ready(f"{branch} Post-Send Readiness", POST_SEND_CHECKS)

@@ -1,5 +1,5 @@
 """One delivery on one desktop as a scenario."""
-from .core import scenario
+from .core import E_FAIL, fault, scenario, wait
 from .delivery import deliver, expect
 from .desktops import chat_browser, desk
 from .pages import EARLIER_MESSAGE
@@ -37,3 +37,23 @@ def scene(stem, page, delivery, composer, message=NOT_SENT, send=0, invoked=None
                  expect(delivery, foreground=foreground, tab_index=tab_index,
                         values={**shown, **(values or {})}, invoked={"chat/send": send, **(invoked or {})}),
                  foreground="chat", clipboard=PROMPT, faults=faults))
+
+
+# Between two deliveries: longer than any answer that a page of theirs gives.
+BETWEEN_MS = 8000
+
+
+def twice(stem, page, first, second, composer, message, send=0, faults=()):
+    """Two deliveries on one page, `BETWEEN_MS` apart, the second with a prompt of its own."""
+    steps = [deliver(first.name, as_="first"), wait(BETWEEN_MS), {"do": [{"clipboard": {"text": SECOND_PROMPT}}]},
+             deliver(second.name, as_="second")]
+    return named("delivery", stem, scenario(
+        "", desk(chat_browser(page.tab())), steps,
+        expect(first, second, names=("first", "second"), values=final_values(composer, {"chat/lastMessage": message}),
+               invoked={"chat/send": send}),
+        foreground="chat", clipboard=PROMPT, faults=faults))
+
+
+def searches_fail(before, first, last):
+    """The searches of the window from the `first` to the `last` behind the `before` that precede them."""
+    return [fault("IUIAutomationElement::FindAll", E_FAIL, nth=before + first, times=last - first + 1, window="chat")]

@@ -3,11 +3,11 @@ from .core import E_FAIL, add, at, change, copy_value, count_of_type, edit, faul
 from .delivery import Delivery
 from .delivery_texts import (AFTER_SEND_MS, BEFORE_PASTE_MS, BEFORE_SELECT_ALL_MS, BOX_CHECKS, BOX_PAUSE_MS,
                              CHATGPT_POLLS, CHATGPT_SEND_CHECKS, CHATGPT_SETTLE_MS, CHATGPT_VALUE_CHECKS, NO_CANDIDATE,
-                             PASTE_MS, POST_SEND_CHECKS, POST_SUBMIT_MS, PROXY_FOCUS, RESPONDING_PAUSE_MS,
+                             NOT_RESPONDING, PASTE_MS, POST_SEND_CHECKS, POST_SUBMIT_MS, PROXY_FOCUS, RESPONDING_PAUSE_MS,
                              SEND_PAUSE_MS, VALUE_NEVER_SEEN, VALUE_PAUSE_MS, VALUE_UNSTABLE, send_not_invoked)
-from .delivery_scenes import NOT_SENT, PROMPT, SENT, scene
+from .delivery_scenes import (BETWEEN_MS, NOT_SENT, PROMPT, SECOND_PROMPT, SENT, scene, searches_fail, twice)
 from .desktops import chat_browser
-from .pages import (CHATGPT, becomes_sign_in, composer_vanishes, pasted_page, ready_page, send_enabled_on_paste,
+from .pages import (CHATGPT, EARLIER_MESSAGE, becomes_sign_in, composer_vanishes, pasted_page, ready_page, send_enabled_on_paste,
                     stop_button, takes_message, working_page)
 
 SEND = CHATGPT.send_name
@@ -80,6 +80,27 @@ def readings():
     yield scene("chatgpt-send-stable-again-at-the-last-check-fails", page,
                 pressed().responding_missed("ChatGPT").send_is_back("ChatGPT", SEND, POST_SEND_CHECKS).unverified(),
                 PROMPT, send=1)
+
+
+def responding_searches():
+    """A search that fails says nothing of its own: the step has the text of the last one that worked."""
+    # Three checks of the box, three sightings of Send, the press, the reading of the composer.
+    before = 3 + 3 + 1 + 1
+    for stem, first, last, detail in (("chatgpt-responding-search-that-never-works-leaves-no-text", 1, CHATGPT_POLLS, ""),
+                                      ("chatgpt-responding-search-that-fails-last-keeps-the-text-before", CHATGPT_POLLS,
+                                       CHATGPT_POLLS, NOT_RESPONDING),
+                                      ("chatgpt-responding-search-that-works-at-last-has-its-text", 1,
+                                       CHATGPT_POLLS - 1, NOT_RESPONDING)):
+        delivery = pressed().responding_missed("ChatGPT", detail).send_is_back("ChatGPT", SEND).unverified()
+        yield scene(stem, pasted_page(CHATGPT), delivery, PROMPT, send=1, faults=searches_fail(before, first, last))
+
+
+def settling():
+    page = pasted_page(CHATGPT).with_rules(on_invoke("send", change("send", enabled=False)))
+    first = pressed().responding_missed("ChatGPT").probable("ChatGPT").delivered()
+    second = Delivery("CHATGPT", first.now + BETWEEN_MS, batch=first.batch).open(settled=True).chatgpt_paste_held()
+    second.chatgpt_button(SEND).sent().observe().responding_missed("ChatGPT").probable("ChatGPT").delivered()
+    yield twice("chatgpt-settled-by-probable-evidence", page, first, second, SECOND_PROMPT, EARLIER_MESSAGE, send=2)
 
 
 def pasted_texts():
@@ -183,5 +204,5 @@ def longest():
 
 
 def scenarios():
-    for group in (readings, pasted_texts, fallbacks, focus_elsewhere, meddling, longest):
+    for group in (readings, responding_searches, settling, pasted_texts, fallbacks, focus_elsewhere, meddling, longest):
         yield from group()

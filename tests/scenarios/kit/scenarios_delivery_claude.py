@@ -5,9 +5,10 @@ from .delivery import Delivery, deliver, expect
 from .delivery_texts import (BEFORE_PASTE_MS, BEFORE_SELECT_ALL_MS, BOX_CHECKS, BOX_PAUSE_MS, CLAUDE_AFTER_SEND_MS,
                              CLAUDE_RETRY_CHECKS, CLAUDE_SEND_CHECKS, CLAUDE_SETTLE_MS, CLAUDE_TRIES, CLAUDE_TRY_MS,
                              NO_CANDIDATE, NOT_EXPOSED, PASTE_MS, SEND_PAUSE_MS, responding, send_not_invoked)
-from .delivery_scenes import NOT_SENT, PROMPT, SECOND_PROMPT, SENT, named, scene
+from .delivery_scenes import (BETWEEN_MS, NOT_SENT, PROMPT, SECOND_PROMPT, SENT, named, scene, searches_fail,
+                              twice)
 from .desktops import chat_browser, desk
-from .pages import (CLAUDE, attachments, becomes_sign_in, pasted_page, ready_page, send_enabled_on_paste, stop_button,
+from .pages import (CLAUDE, EARLIER_MESSAGE, attachments, becomes_sign_in, pasted_page, ready_page, send_enabled_on_paste, stop_button,
                     takes_message, working_page)
 
 SEND = CLAUDE.send_name
@@ -72,6 +73,13 @@ def first_readings():
     yield scene("claude-text-remains-while-responding-is-delivered", page,
                 pressed().claude_text_remains().step("Claude Responding State", responding(CLAUDE.stop_name))
                 .claude_done().delivered(None), PROMPT, send=1)
+
+
+    # The attachments, three checks of the box, two sightings of Send, the press, the reading of the composer.
+    delivery = pressed().claude_text_remains().claude_not_responding("").claude_retry_skipped().claude_probable()
+    page = pasted_page(CLAUDE).with_rules(on_invoke("send", change("send", enabled=False)))
+    yield scene("claude-responding-search-that-fails-leaves-no-text", page,
+                delivery.claude_done().delivered(None), PROMPT, send=1, faults=searches_fail(1 + 3 + 2 + 1 + 1, 1, 1))
 
 
 def retries():
@@ -220,6 +228,21 @@ def names_and_settling():
     yield scene("claude-inside-a-longer-name-takes-the-claude-branch", working_page(CLAUDE),
                 opened("Team Claude (work)").claude_button(SEND).claude_empty().claude_done().delivered(None), "", SENT,
                 send=1, name="Team Claude (work)")
+
+    yield scene("claude-and-chatgpt-in-one-name-takes-the-claude-branch", working_page(CLAUDE),
+                opened("Claude and ChatGPT").claude_button(SEND).claude_empty().claude_done().delivered(None), "", SENT,
+                send=1, name="Claude and ChatGPT")
+
+    page = ready_page(CLAUDE).with_rules(on_key("Enter", *takes_message()))
+    delivery = opened("Gemini Claude").claude_not_stable().claude_enter().sent(CLAUDE_AFTER_SEND_MS)
+    yield scene("gemini-and-claude-in-one-name-takes-the-claude-branch", page,
+                delivery.claude_empty().claude_done().delivered(None), "", SENT, name="Gemini Claude")
+
+    page = pasted_page(CLAUDE).with_rules(on_invoke("send", change("send", enabled=False)))
+    first = text_seen(pressed()).claude_retry_skipped().claude_probable().claude_done().delivered(None)
+    second = Delivery("Claude", first.now + BETWEEN_MS, batch=first.batch).open(settled=True, removed=0)
+    text_seen(second.claude_button(SEND)).claude_retry_skipped().claude_probable().claude_done().delivered(None)
+    yield twice("claude-settled-by-probable-evidence", page, first, second, SECOND_PROMPT, EARLIER_MESSAGE, send=2)
 
     pause = 10000
     first = pressed().claude_empty().claude_done().delivered(None)

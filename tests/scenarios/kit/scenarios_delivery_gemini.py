@@ -2,10 +2,10 @@
 from .core import add, at, change, fault, on_invoke, on_key, remove
 from .delivery import Delivery
 from .delivery_texts import (AFTER_SEND_MS, BEFORE_PASTE_MS, BEFORE_SELECT_ALL_MS, BOX_CHECKS, BOX_PAUSE_MS,
-                             GEMINI_POLLS, GEMINI_SETTLE_MS, GEMINI_VALUE_CHECKS, NO_CANDIDATE, PASTE_MS,
+                             GEMINI_POLLS, GEMINI_SETTLE_MS, GEMINI_VALUE_CHECKS, NO_CANDIDATE, NOT_RESPONDING, PASTE_MS,
                              POST_SEND_CHECKS, POST_SUBMIT_MS, RESPONDING_PAUSE_MS, SEND_PAUSE_MS, VALUE_NEVER_SEEN,
                              VALUE_PAUSE_MS, VALUE_UNSTABLE)
-from .delivery_scenes import PROMPT, SENT, scene
+from .delivery_scenes import BETWEEN_MS, PROMPT, SENT, scene, searches_fail, twice
 from .pages import GEMINI, pasted_page, ready_page, stop_button, takes_message, working_page
 
 SEND = GEMINI.send_name
@@ -61,6 +61,25 @@ def readings():
         at(POST_SEND_MS + 4 * SEND_PAUSE_MS - 100, change("send", enabled=True)))
     yield scene("gemini-send-that-flickers-is-back-at-the-seventh-check-fails", page,
                 entered().responding_missed("Gemini").send_is_back("Gemini", SEND, 7).unverified(), PROMPT)
+
+
+def responding_searches():
+    # Three checks of the box, the reading of the composer.
+    before = 3 + 1
+    for stem, first, last, detail in (("gemini-responding-search-that-never-works-leaves-no-text", 1, GEMINI_POLLS, ""),
+                                      ("gemini-responding-search-that-fails-last-keeps-the-text-before", GEMINI_POLLS,
+                                       GEMINI_POLLS, NOT_RESPONDING),
+                                      ("gemini-responding-search-that-works-at-last-has-its-text", 1, GEMINI_POLLS - 1,
+                                       NOT_RESPONDING)):
+        delivery = entered().responding_missed("Gemini", detail).send_is_back("Gemini", SEND).unverified()
+        yield scene(stem, pasted_page(GEMINI), delivery, PROMPT, faults=searches_fail(before, first, last))
+
+
+def settling():
+    page = pasted_page(GEMINI).with_rules(on_key("Enter", *takes_message(), remove("composer"), after=10))
+    first = entered().verified("INFO: " + NO_CANDIDATE).delivered(False)
+    second = Delivery("Gemini", first.now + BETWEEN_MS).foreground().dispatch().box_not_ready(NO_CANDIDATE)
+    yield twice("gemini-settled-although-the-composer-was-gone", page, first, second, None, PROMPT)
 
 
 def pasted_texts():
@@ -120,5 +139,5 @@ def longest():
 
 
 def scenarios():
-    for group in (readings, pasted_texts, stops, both_names, longest):
+    for group in (readings, responding_searches, settling, pasted_texts, stops, both_names, longest):
         yield from group()

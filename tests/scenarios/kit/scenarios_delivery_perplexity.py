@@ -7,9 +7,9 @@ from .delivery_texts import (AFTER_SEND_MS, BEFORE_PASTE_MS, BEFORE_SELECT_ALL_M
                              PERPLEXITY_PASSES, PERPLEXITY_PAUSE_MS, PERPLEXITY_SEND_CHECKS, PERPLEXITY_VALUE_CHECKS,
                              PLAIN_SETTLE_MS, SEND_PAUSE_MS, SIGN_IN, STILL_TEXT, VALUE_NEVER_SEEN, VALUE_PAUSE_MS,
                              VALUE_UNSTABLE, WRONG_HOST, no_perplexity_composer, perplexity_verified, send_not_invoked)
-from .delivery_scenes import PROMPT, SENT, scene
+from .delivery_scenes import BETWEEN_MS, PROMPT, SECOND_PROMPT, SENT, scene, twice
 from .desktops import chat_browser
-from .pages import (COMPOSER, PERPLEXITY, pasted_page, ready_page, send_enabled_on_paste, sign_in_elements, stop_button,
+from .pages import (COMPOSER, EARLIER_MESSAGE, PERPLEXITY, pasted_page, ready_page, send_enabled_on_paste, sign_in_elements, stop_button,
                     takes_message, working_page)
 
 SEND = PERPLEXITY.send_name
@@ -69,6 +69,22 @@ def evidence():
     page = pasted_page(PERPLEXITY).with_rules(at(FIRST_PASS_MS - 100, *[add(one) for one in panel]))
     yield scene("perplexity-sign-in-panel-after-send-fails", page,
                 pressed().perplexity_unobserved(SEND, SIGN_IN).unverified(), PROMPT, send=1)
+
+
+def settling():
+    def again(first):
+        second = Delivery("Perplexity", first.now + BETWEEN_MS, batch=first.batch)
+        second.open(settled=True, last=perplexity_verified())
+        return second.perplexity_paste_held().perplexity_button(SEND).sent()
+
+    first = pressed().perplexity_responds().delivered()
+    yield twice("perplexity-settled-by-a-delivery-waits-no-first-use-again", working_page(PERPLEXITY, answer_ms=3000),
+                first, again(first).perplexity_responds().delivered(), "", SECOND_PROMPT, send=2)
+
+    page = pasted_page(PERPLEXITY).with_rules(on_invoke("send", change("send", enabled=False)))
+    first = pressed().perplexity_probable().delivered()
+    yield twice("perplexity-settled-by-probable-evidence", page, first, again(first).perplexity_probable().delivered(),
+                SECOND_PROMPT, EARLIER_MESSAGE, send=2)
 
 
 def pasted_texts():
@@ -190,5 +206,5 @@ def longest():
 
 
 def scenarios():
-    for group in (evidence, pasted_texts, send_controls, composers, longest):
+    for group in (evidence, settling, pasted_texts, send_controls, composers, longest):
         yield from group()

@@ -1,9 +1,9 @@
 """Grok and every unknown name: Enter is sent and nothing is looked at afterwards."""
-from .core import at, bring_up, change, fault, on_key, remove, scenario, wait
-from .delivery import Delivery, deliver, expect
-from .delivery_texts import (BEFORE_PASTE_MS, BEFORE_SELECT_ALL_MS, BOX_CHECKS, BOX_PAUSE_MS, PASTE_MS, PLAIN_SETTLE_MS)
-from .delivery_scenes import PROMPT, SECOND_PROMPT, SENT, named, scene
-from .desktops import chat_browser, desk
+from .core import at, bring_up, change, fault, on_key, remove
+from .delivery import Delivery
+from .delivery_texts import (BEFORE_PASTE_MS, BEFORE_SELECT_ALL_MS, BOX_CHECKS, BOX_PAUSE_MS, NO_CANDIDATE, PASTE_MS,
+                             PLAIN_SETTLE_MS)
+from .delivery_scenes import BETWEEN_MS, PROMPT, SECOND_PROMPT, SENT, scene, twice
 from .pages import GROK, PERPLEXITY, pasted_page, ready_page, takes_message, working_page
 
 
@@ -41,39 +41,39 @@ def names():
     yield scene("perplexity-with-a-word-behind-it-takes-the-plain-enter-branch", working_page(PERPLEXITY),
                 entered("Perplexity Pro").delivered(), "", SENT, name="Perplexity Pro")
 
+    yield scene("perplexity-with-a-word-before-it-takes-the-plain-enter-branch", working_page(PERPLEXITY),
+                entered("My Perplexity").delivered(), "", SENT, name="My Perplexity")
+
     yield scene("deepseek-inside-a-longer-name-takes-the-plain-enter-branch", working_page(GROK),
                 entered("DeepSeek R1").delivered(), "", SENT, name="DeepSeek R1")
 
 
-def twice(stem, first_name, second_name, first, second, pause, message, composer="", faults=()):
-    steps = [deliver(first_name, as_="first"), wait(pause), {"do": [{"clipboard": {"text": SECOND_PROMPT}}]},
-             deliver(second_name, as_="second")]
-    return named("delivery", stem, scenario(
-        "", desk(chat_browser(working_page(GROK, answer_ms=3000).tab())), steps,
-        expect(first, second, names=("first", "second"),
-               values={"chat/composer": composer, "chat/lastMessage": message}, invoked={"chat/send": 0}),
-        foreground="chat", clipboard=PROMPT, faults=faults))
-
-
 def settling():
-    pause = 8000
+    def answering():
+        return working_page(GROK, answer_ms=3000)
+
     for stem, first_name, second_name in (("grok-settled-by-a-delivery-waits-no-first-use-again", "Grok", "grok"),
                                           ("empty-name-is-settled-under-the-empty-key", "", "")):
         first = entered(first_name).delivered()
-        second = Delivery(second_name, first.now + pause, batch=first.batch).open(settled=True).plain_settle().enter()
-        second.sent().observe().plain_unlooked().delivered()
-        yield twice(stem, first_name, second_name, first, second, pause, SECOND_PROMPT)
+        second = Delivery(second_name, first.now + BETWEEN_MS, batch=first.batch).open(settled=True)
+        second.plain_settle().enter().sent().observe().plain_unlooked().delivered()
+        yield twice(stem, answering(), first, second, "", SECOND_PROMPT)
 
     first = opened().plain_settle().enter_fails().sent().unverified()
-    second = Delivery("Grok", first.now + pause, batch=3).open().plain_settle().enter()
+    second = Delivery("Grok", first.now + BETWEEN_MS, batch=3).open().plain_settle().enter()
     second.sent().observe().plain_unlooked().delivered()
-    yield twice("grok-failed-first-delivery-leaves-it-unsettled", "Grok", "Grok", first, second, pause, SECOND_PROMPT,
+    yield twice("grok-failed-first-delivery-leaves-it-unsettled", answering(), first, second, "", SECOND_PROMPT,
                 faults=[fault("SendInput", 0, nth=3)])
 
     first = entered("Grok").delivered()
-    second = Delivery("Grok beta", first.now + pause, batch=first.batch).open().plain_settle().enter()
+    second = Delivery("Grok beta", first.now + BETWEEN_MS, batch=first.batch).open().plain_settle().enter()
     second.sent().observe().plain_unlooked().delivered()
-    yield twice("grok-settled-does-not-settle-another-name", "Grok", "Grok beta", first, second, pause, SECOND_PROMPT)
+    yield twice("grok-settled-does-not-settle-another-name", answering(), first, second, "", SECOND_PROMPT)
+
+    page = pasted_page(GROK).with_rules(on_key("Enter", *takes_message(), remove("composer"), after=10))
+    first = entered().delivered(False)
+    second = Delivery("Grok", first.now + BETWEEN_MS).foreground().dispatch().box_not_ready(NO_CANDIDATE)
+    yield twice("grok-settled-although-no-cursor-could-be-left", page, first, second, None, PROMPT)
 
 
 def longest():
