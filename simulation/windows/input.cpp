@@ -10,6 +10,7 @@ namespace {
 void requireModelled(const INPUT& input) {
   if (input.type != INPUT_KEYBOARD) stopRun("SendInput", "input other than the keyboard's isn't modelled");
   if ((input.ki.dwFlags & ~static_cast<DWORD>(KEYEVENTF_KEYUP)) != 0) stopRun("SendInput", "an unknown flag");
+  if (input.ki.wScan != 0 || input.ki.time != 0) stopRun("SendInput", "a scan code or a time isn't modelled");
   if (input.ki.wVk == 0 || input.ki.wVk > 0xFE) stopRun("SendInput", "a virtual key out of range");
 }
 

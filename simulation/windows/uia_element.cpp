@@ -80,7 +80,10 @@ class ElementObject final : public ElementSlots<ComObject<IUIAutomationElement>>
     const ElementFacts facts = desktop_.factsOf(element_);
     if (property == UIA_ValueValuePropertyId && facts.unreadable.contains(Fact::value)) return empty(E_FAIL, value);
     empty(S_OK, value);
-    if (const std::optional<Text> text = propertyText(facts, property)) {
+    if (property == UIA_ControlTypePropertyId) {
+      value->vt = VT_I4;
+      value->lVal = facts.controlType;
+    } else if (const std::optional<Text> text = propertyText(facts, property)) {
       value->vt = VT_BSTR;
       value->bstrVal = makeBstr(*text);
       markInVariant(value->bstrVal);

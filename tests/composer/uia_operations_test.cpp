@@ -200,6 +200,7 @@ TEST(TextProperty, IsEmpty_WhenItIsOfAnotherTypeOrTheReadFails) {
   const UiaElement edit = lastEdit(desktop, session);
 
   EXPECT_EQ(edit.textProperty(UIA_ValueValuePropertyId), L"");
+  EXPECT_EQ(edit.textProperty(UIA_ControlTypePropertyId), L"") << "a number";
   desktop.setFaults(everyCallFails("IUIAutomationElement::GetCurrentPropertyValue", R"("0x80004005")"));
   EXPECT_EQ(edit.textProperty(UIA_HelpTextPropertyId), L"");
 }

@@ -85,6 +85,17 @@ TEST_F(ForegroundTest, Keys_GoToTheForeground_NumberedByCall) {
   EXPECT_EQ(desktop.keyEvents()[4].batch, 2);
 }
 
+TEST_F(ForegroundTest, Keys_EndTheRun_WithAScanCodeOrATime) {
+  INPUT scanned = keyEvent(VK_RETURN);
+  scanned.ki.wScan = 28;
+  INPUT timed = keyEvent(VK_RETURN);
+  timed.ki.time = 1;
+  for (INPUT* key : {&scanned, &timed}) {
+    EXPECT_EXIT(::SendInput(1, key, sizeof(INPUT)), ::testing::ExitedWithCode(3),
+                "simulation: SendInput: a scan code or a time isn't modelled");
+  }
+}
+
 TEST_F(ForegroundTest, FaultedKeys_AreNotInserted) {
   desktop.setFaults(R"([{"call":"SendInput","result":1,"lastError":5}])");
   INPUT pair[] = {keyEvent(VK_RETURN), keyEvent(VK_RETURN, KEYEVENTF_KEYUP)};
