@@ -80,7 +80,7 @@ class Session : public InterfaceScript {
   Session(const DesktopPlan& plan, const Input& input)
       : plan_(plan), input_(input), desktop_(*new simulation::Clock, books_), platform_(desktop_, this, {}) {
     simulation::buildDesktop(desktop_, plan_);
-    settledProviders().names.clear();
+    settledProviders().clear();
     cleanBackgroundState() = {};
     noteActivation(nullptr, WA_ACTIVE, reinterpret_cast<LPARAM>(windowAt(0)));
   }

@@ -74,7 +74,7 @@ class Pipeline {
     step("Dispatch Context", "Provider=" + delivery_.name + "; foreground HWND=" + std::to_string(foreground) +
                                  "; expected HWND=" + std::to_string(expected));
     key_ = toLower(wideFromUtf8(delivery_.name));
-    delivery_.tests = testProvider(key_);
+    delivery_.flags = flagsOfProvider(key_);
   }
 
   void deliverByBestEffort(const BestEffortProfile& profile) {
@@ -86,7 +86,7 @@ class Pipeline {
 
   bool preparesComposer() {
     settleFirstUse();
-    if (delivery_.tests.isClaude) {
+    if (delivery_.flags.isClaude) {
       cleanUpAttachments();
     }
     const std::uint64_t startTick = ::GetTickCount64();
@@ -99,7 +99,7 @@ class Pipeline {
   }
 
   void settleFirstUse() {
-    if (!settledProviders().names.contains(key_)) {
+    if (!settledProviders().contains(key_)) {
       ::Sleep(firstUseSettleMs);
       step("First-Use Page Settle", "PASS: waited 1800 ms after initial provider activation");
     }
@@ -130,20 +130,20 @@ class Pipeline {
     const std::uint64_t sendTick = ::GetTickCount64();
     submitPrompt(delivery_, trace_);
     appendTiming(trace_, "Send Action", ::GetTickCount64() - sendTick);
-    if (delivery_.isDelivered) {
+    if (delivery_.wasSent) {
       verifyDelivery(delivery_, trace_);
     }
   }
 
   void conclude() {
     const bool isDelivered = delivery_.isDelivered;
-    if (isDelivered && !delivery_.tests.isClaude) {
+    if (isDelivered && !delivery_.flags.isClaude) {
       const bool isFocused = verifyPromptBox(delivery_.target, delivery_.name, nullptr);
       step("AI Input Focus",
            isFocused ? "PASS: cursor placed in ongoing AI chat input" : "INFO: ongoing AI input was not available yet");
     }
     if (isDelivered) {
-      settledProviders().names.insert(key_);
+      settledProviders().insert(key_);
     }
     step("Result", isDelivered ? "PASS: activation, foreground, paste, and submit completed"
                                : "FAIL/UNVERIFIED: submit did not pass verification; page left untouched");

@@ -18,6 +18,8 @@ class ProviderCommandHandler {
  public:
   explicit ProviderCommandHandler(ViewWindowReader readViewWindow);
 
+  // Gives `result` exactly one answer: a map, whose "success" or "observed" tells of a failure too; the
+  // error "bad_arguments" for an "activateProvider" without a map; not-implemented for an unknown name.
   void HandleMethodCall(const MethodCall& call, std::unique_ptr<MethodResult> result) const;
 
  private:

@@ -2,9 +2,9 @@
 
 namespace orvane {
 
-SettledProviders& settledProviders() {
-  static SettledProviders state;
-  return state;
+std::set<std::wstring>& settledProviders() {
+  static std::set<std::wstring> names;
+  return names;
 }
 
 }  // namespace orvane

@@ -7,10 +7,6 @@ namespace orvane {
 
 // Lower-cased names of the providers for which a submit has passed all verification in this
 // process. Empty at start, never shrinks. Used on the platform thread only.
-struct SettledProviders {
-  std::set<std::wstring> names;
-};
-
-SettledProviders& settledProviders();
+std::set<std::wstring>& settledProviders();
 
 }  // namespace orvane

@@ -56,20 +56,20 @@ void submitToClaude(Delivery& delivery, TraceLog& trace) {
   ::Sleep(claudePasteSettleMs);
   appendTrace(trace, "Claude First-Use Paste Settle", "PASS: waited 1100 ms for Claude composer readiness");
   const ButtonSend send = sendByButton(delivery, claudeSendChecks, claudeSendSightings, "Claude Send Readiness", trace);
-  delivery.isDelivered = send.isInvoked;
+  delivery.wasSent = send.isInvoked;
   delivery.wasSentByButton = send.isInvoked;
   if (send.isInvoked) {
     appendTrace(trace, "Claude Send Button", send.detail);
   } else {
     appendTrace(trace, "Claude Send Button",
                 send.isStable ? "INFO: " + send.detail : "INFO: Send invocation skipped until stable");
-    delivery.isDelivered = sendByEnter("Claude Enter Fallback", "PASS: Enter sent to verified Claude input", trace);
+    delivery.wasSent = sendByEnter("Claude Enter Fallback", "PASS: Enter sent to verified Claude input", trace);
   }
   ::Sleep(afterClaudeSendMs);
 }
 
 void settleAfterPaste(const Delivery& delivery, TraceLog& trace) {
-  if (delivery.tests.isGemini) {
+  if (delivery.flags.isGemini) {
     ::Sleep(geminiPasteSettleMs);
     appendTrace(trace, "Gemini Paste Settle", "PASS: waited 650 ms before Enter");
   } else {
@@ -80,7 +80,7 @@ void settleAfterPaste(const Delivery& delivery, TraceLog& trace) {
 
 // Advisory: whatever it finds, the branch goes on.
 void checkPastedText(const Delivery& delivery, TraceLog& trace) {
-  const bool isGemini = delivery.tests.isGemini;
+  const bool isGemini = delivery.flags.isGemini;
   std::string detail;
   bool isValueExposed = false;
   const bool isStable =
@@ -93,24 +93,24 @@ void checkPastedText(const Delivery& delivery, TraceLog& trace) {
 
 void sendToChatGpt(Delivery& delivery, TraceLog& trace) {
   const ButtonSend send = sendByButton(delivery, chatGptSendChecks, sendSightings, "ChatGPT Send Readiness", trace);
-  delivery.isDelivered = send.isInvoked;
+  delivery.wasSent = send.isInvoked;
   if (send.isInvoked) {
     appendTrace(trace, "ChatGPT Send Button", send.detail);
     return;
   }
   appendTrace(trace, "ChatGPT Send Button",
               send.isStable ? "INFO: " + send.detail : "INFO: exact Send button unavailable");
-  delivery.isDelivered =
+  delivery.wasSent =
       sendByEnter("ChatGPT Enter Fallback", "PASS: Enter sent because exact Send was unavailable", trace);
 }
 
 void submitToChatGptOrGemini(Delivery& delivery, TraceLog& trace) {
   settleAfterPaste(delivery, trace);
   checkPastedText(delivery, trace);
-  if (delivery.tests.isChatGpt) {
+  if (delivery.flags.isChatGpt) {
     sendToChatGpt(delivery, trace);
   } else {
-    delivery.isDelivered = sendByEnter("Send", "PASS: Enter sent to verified AI input", trace);
+    delivery.wasSent = sendByEnter("Send", "PASS: Enter sent to verified AI input", trace);
   }
   ::Sleep(afterSendMs);
 }
@@ -143,7 +143,7 @@ void submitToPerplexity(Delivery& delivery, TraceLog& trace) {
   if (isPerplexityPasteAcceptable(trace)) {
     const ButtonSend send =
         sendByButton(delivery, perplexitySendChecks, sendSightings, "Perplexity Send Readiness", trace);
-    delivery.isDelivered = send.isInvoked;
+    delivery.wasSent = send.isInvoked;
     appendTrace(trace, "Perplexity Send Button", perplexityButtonText(send));
   }
   ::Sleep(afterSendMs);
@@ -151,24 +151,24 @@ void submitToPerplexity(Delivery& delivery, TraceLog& trace) {
 
 void submitByPlainEnter(Delivery& delivery, TraceLog& trace) {
   ::Sleep(plainPasteSettleMs);
-  delivery.isDelivered = sendByEnter("Send", "PASS: Enter sent to verified AI input", trace);
+  delivery.wasSent = sendByEnter("Send", "PASS: Enter sent to verified AI input", trace);
   ::Sleep(afterSendMs);
 }
 
 }  // namespace
 
-ProviderTests testProvider(std::wstring_view lowerName) {
+ProviderFlags flagsOfProvider(std::wstring_view lowerName) {
   return {contains(lowerName, provider_key::claude), contains(lowerName, provider_key::gemini),
           contains(lowerName, provider_key::chatGpt), lowerName == provider_key::perplexity};
 }
 
 void submitPrompt(Delivery& delivery, TraceLog& trace) {
-  const ProviderTests& tests = delivery.tests;
-  if (tests.isClaude) {
+  const ProviderFlags& flags = delivery.flags;
+  if (flags.isClaude) {
     submitToClaude(delivery, trace);
-  } else if (tests.isGemini || tests.isChatGpt) {
+  } else if (flags.isGemini || flags.isChatGpt) {
     submitToChatGptOrGemini(delivery, trace);
-  } else if (tests.isPerplexity) {
+  } else if (flags.isPerplexity) {
     submitToPerplexity(delivery, trace);
   } else {
     submitByPlainEnter(delivery, trace);

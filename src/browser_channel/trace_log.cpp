@@ -1,5 +1,7 @@
 #include "browser_channel/trace_log.h"
 
+#include <utility>
+
 namespace orvane {
 
 void appendTrace(TraceLog& trace, const std::string& step, const std::string& result) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "embedding/encodable_value.h"
@@ -14,7 +13,8 @@ using TraceLog = EncodableList;
 // Appends one step at the end.
 void appendTrace(TraceLog& trace, const std::string& step, const std::string& result);
 
-// The reply of `pasteAndSubmit`: "success", "message" (one sentence for the user) and "logs".
+// The reply of `pasteAndSubmit`: "success", "message" (one sentence for the user) and "logs", a
+// copy of the trace.
 EncodableMap makeProviderReply(bool success, const std::string& message, const TraceLog& trace);
 
 }  // namespace orvane

@@ -84,7 +84,7 @@ void retryOnce(Delivery& delivery, TraceLog& trace) {
   }
 }
 
-void weighRemainingText(Delivery& delivery, TraceLog& trace) {
+void lookOnceThenRetry(Delivery& delivery, TraceLog& trace) {
   std::string detail;
   const bool isResponding = isRespondingControlVisible(delivery.target, &detail);
   appendTrace(trace, "Claude Responding State", isResponding ? detail : "INFO: " + detail);
@@ -100,7 +100,7 @@ void verifyClaudeDelivery(Delivery& delivery, TraceLog& trace) {
   const ComposerReading reading = readComposer(delivery, "Claude prompt box was not available");
   appendTrace(trace, "Claude Delivery Verification", describeFirstReading(reading));
   if (reading.isKnown && reading.hasText) {
-    weighRemainingText(delivery, trace);
+    lookOnceThenRetry(delivery, trace);
   } else {
     delivery.isDelivered = reading.isKnown;
   }

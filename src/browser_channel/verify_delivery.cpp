@@ -88,7 +88,7 @@ void verifyChatGptOrGemini(Delivery& delivery, TraceLog& trace) {
   } else if (!hasText) {
     appendTrace(trace, "Submit Verification", "PASS: prompt composer is empty after Enter");
   } else {
-    weighRemainingText(delivery, delivery.tests.isChatGpt ? chatGptTexts : geminiTexts, trace);
+    weighRemainingText(delivery, delivery.flags.isChatGpt ? chatGptTexts : geminiTexts, trace);
   }
 }
 
@@ -131,17 +131,18 @@ void verifyPerplexity(Delivery& delivery, TraceLog& trace) {
 }  // namespace
 
 void verifyDelivery(Delivery& delivery, TraceLog& trace) {
-  if (delivery.tests.isClaude) {
+  delivery.isDelivered = delivery.wasSent;  // what is found below may tell against it
+  if (delivery.flags.isClaude) {
     verifyClaudeDelivery(delivery, trace);
     return;
   }
-  if (delivery.tests.isPerplexity) {
+  if (delivery.flags.isPerplexity) {
     verifyPerplexity(delivery, trace);
     return;
   }
   ::Sleep(postSubmitWaitMs);
   appendTrace(trace, "Post-Submit Observation", "PASS/OBSERVED: Enter was delivered; no automatic retry performed");
-  if (delivery.tests.isChatGpt || delivery.tests.isGemini) {
+  if (delivery.flags.isChatGpt || delivery.flags.isGemini) {
     verifyChatGptOrGemini(delivery, trace);
   } else {
     appendTrace(trace, "Submit Verification", "INFO: prompt-value verification is not configured for this provider");

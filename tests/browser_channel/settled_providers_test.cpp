@@ -6,14 +6,14 @@ namespace orvane {
 namespace {
 
 TEST(SettledProviders, AreNoneAtTheStart_AndOneSetForTheProcess) {
-  EXPECT_TRUE(settledProviders().names.empty());
+  EXPECT_TRUE(settledProviders().empty());
 
-  settledProviders().names.insert(L"claude");
-  settledProviders().names.insert(L"");
-  settledProviders().names.insert(L"claude");
+  settledProviders().insert(L"claude");
+  settledProviders().insert(L"");
+  settledProviders().insert(L"claude");
 
-  EXPECT_EQ(settledProviders().names, (std::set<std::wstring>{L"", L"claude"}));
-  settledProviders().names.clear();
+  EXPECT_EQ(settledProviders(), (std::set<std::wstring>{L"", L"claude"}));
+  settledProviders().clear();
 }
 
 }  // namespace
