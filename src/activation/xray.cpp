@@ -69,7 +69,7 @@ void XrayDump::writeTab(const UiaElement& item, const TabItemFacts& facts) const
   if (trace_ == nullptr) {
     return;
   }
-  const bool isOffscreen = item.readsOffscreen();
+  const bool isOffscreen = item.isOffscreenForTrace();
   const std::string bounds = elementBoundsText(item);
   appendTrace(*trace_, tabStep,
               head() + "; index=" + std::to_string(facts.index) + "; selected=" + yesNo(facts.isSelected()) +

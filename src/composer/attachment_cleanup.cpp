@@ -23,9 +23,9 @@ bool isWordUnit(wchar_t unit) {
 }
 
 // An attachment's word counts where it begins: "file" in "remove files", not in "clear profile".
-bool beginsWord(std::wstring_view foldedName, std::wstring_view word) {
-  for (std::size_t at = foldedName.find(word); at != std::wstring_view::npos; at = foldedName.find(word, at + 1)) {
-    if (at == 0 || !isWordUnit(foldedName[at - 1])) {
+bool beginsWord(std::wstring_view lowerName, std::wstring_view word) {
+  for (std::size_t at = lowerName.find(word); at != std::wstring_view::npos; at = lowerName.find(word, at + 1)) {
+    if (at == 0 || !isWordUnit(lowerName[at - 1])) {
       return true;
     }
   }
@@ -33,10 +33,10 @@ bool beginsWord(std::wstring_view foldedName, std::wstring_view word) {
 }
 
 bool namesRemoval(const std::wstring& name) {
-  const std::wstring foldedName = toLower(name);
-  return containsAnyOf(foldedName, removalWords) &&
+  const std::wstring lowerName = toLower(name);
+  return containsAnyOf(lowerName, removalWords) &&
          std::any_of(attachmentWords.begin(), attachmentWords.end(),
-                     [&](std::wstring_view word) { return beginsWord(foldedName, word); });
+                     [&](std::wstring_view word) { return beginsWord(lowerName, word); });
 }
 
 bool press(const UiaElement& button) {

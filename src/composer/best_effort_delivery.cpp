@@ -50,16 +50,9 @@ class BestEffortRoute {
       return stop("Identity", "FAIL: foreground or exact chat host mismatch; nothing pasted");
     }
     step("Identity", "PASS: exact chat host and foreground verified");
-    const UiaSession session;
-    session_ = &session;
-    const bool isDelivered = openPage() && findComposer() && focusComposer() && requireEmptyComposer() &&
-                             takePrompt() && paste() && verifyPaste() && submit() && observeDelivery();
-    // No element outlives the session.
-    composer_ = UiaElement();
-    edits_ = UiaCondition();
-    root_ = UiaElement();
-    session_ = nullptr;
-    return isDelivered;
+    session_.emplace();
+    return openPage() && findComposer() && focusComposer() && requireEmptyComposer() && takePrompt() && paste() &&
+           verifyPaste() && submit() && observeDelivery();
   }
 
  private:
@@ -222,11 +215,11 @@ class BestEffortRoute {
     return stop("Delivery", "UNVERIFIED: composer did not expose a cleared state; check page; do not resend blindly");
   }
 
+  std::optional<UiaSession> session_;  // in front of its elements, which must not outlive it
   std::uint64_t startTick_ = ::GetTickCount64();
   HWND window_;
   const BestEffortProfile& profile_;
   TraceLog& trace_;
-  const UiaSession* session_ = nullptr;
   UiaElement root_;
   UiaCondition edits_;
   UiaElement composer_;
@@ -239,8 +232,8 @@ bool deliverBestEffort(HWND window, const BestEffortProfile& profile, TraceLog& 
   return BestEffortRoute(window, profile, trace).run();
 }
 
-bool isNamedComposer(const BestEffortProfile& profile, const std::wstring& foldedName) {
-  return !containsAnyOf(foldedName, denyWords) && containsAnyOf(foldedName, profile.composerWords);
+bool isNamedComposer(const BestEffortProfile& profile, const std::wstring& lowerName) {
+  return !containsAnyOf(lowerName, denyWords) && containsAnyOf(lowerName, profile.composerWords);
 }
 
 bool isForegroundOnExactHost(HWND window, const BestEffortProfile& profile) {

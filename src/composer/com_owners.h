@@ -6,7 +6,6 @@
 #include <unknwn.h>
 
 #include <string>
-#include <string_view>
 #include <utility>
 
 #include "embedding/unique_resource.h"

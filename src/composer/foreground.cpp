@@ -77,7 +77,7 @@ DWORD WINAPI followUpThread(LPVOID window) {
   return 0;
 }
 
-std::vector<std::wstring> foldedPatterns(const EncodableMap* arguments) {
+std::vector<std::wstring> lowerPatterns(const EncodableMap* arguments) {
   std::vector<std::wstring> patterns;
   for (const std::string& pattern : stringListEntry(arguments, "patterns")) {
     patterns.push_back(toLower(wideFromUtf8(pattern)));
@@ -87,9 +87,9 @@ std::vector<std::wstring> foldedPatterns(const EncodableMap* arguments) {
 }
 
 bool titleHoldsAny(const std::wstring& title, const std::vector<std::wstring>& patterns) {
-  const std::wstring foldedTitle = toLower(title);
+  const std::wstring lowerTitle = toLower(title);
   for (const std::wstring& pattern : patterns) {
-    if (!pattern.empty() && foldedTitle.find(pattern) != std::wstring::npos) {
+    if (!pattern.empty() && lowerTitle.find(pattern) != std::wstring::npos) {
       return true;
     }
   }
@@ -156,7 +156,7 @@ bool verifyForeground(HWND window, const EncodableMap* arguments, std::string* m
     return isExpected;
   }
   const std::wstring title = windowText(window);
-  const bool isNamed = titleHoldsAny(title, foldedPatterns(arguments));
+  const bool isNamed = titleHoldsAny(title, lowerPatterns(arguments));
   text = (isNamed ? "PASS: foreground title is " : "FAIL: foreground title is ") + utf8FromWide(title);
   return isNamed;
 }

@@ -9,12 +9,13 @@
 namespace orvane {
 
 // Asking for the foreground doesn't mean getting it: both return what GetForegroundWindow says
-// afterwards, never what a call that asked returned.
+// afterwards, never what a call that asked returned. A null or dead handle gives false.
 
-// The strong form: up to three passes. True when the window is the foreground window.
+// The strong form: up to three passes. True when the window is the foreground window. Blocks for up to
+// 600 ms, and 60 ms more for each pass that finds it minimized.
 bool forceForeground(HWND window);
 
-// The short form: one pass.
+// The short form: one pass. Blocks for 120 ms.
 bool bringForward(HWND window);
 
 // Starts a thread that brings the window forward once more after 180 ms, and again 270 ms later if
@@ -22,7 +23,9 @@ bool bringForward(HWND window);
 void scheduleForegroundFollowUp(HWND window);
 
 // True when `window` is the one that the call's arguments mean: by "expectedWindowHandle" when
-// that is there, else by "patterns" and "name" in its title. `arguments` and `message` may be null.
+// that is there, 0 too, else by "patterns" and "name", one of which has to stand in its title
+// (GetWindowTextW), both lower-cased. `arguments` and `message` may be null; `message` is written on every way
+// out.
 bool verifyForeground(HWND window, const EncodableMap* arguments, std::string* message);
 
 }  // namespace orvane

@@ -4,7 +4,8 @@
 
 namespace orvane {
 
-// The calling thread's input queue joined to another thread's, for as long as this lives.
+// The calling thread's input queue joined to another thread's (AttachThreadInput), for as long as this lives.
+// Thread 0 and the calling thread itself are never attached.
 class InputAttachment {
  public:
   InputAttachment(DWORD callingThread, DWORD otherThread)
@@ -20,6 +21,7 @@ class InputAttachment {
   InputAttachment(const InputAttachment&) = delete;
   InputAttachment& operator=(const InputAttachment&) = delete;
 
+  // False when there was nothing to attach or the call failed.
   [[nodiscard]] bool isAttached() const noexcept { return isAttached_; }
 
  private:

@@ -4,10 +4,10 @@
 
 namespace orvane {
 
-// One event of a virtual key, without scan code and time.
+// One event of a virtual key for SendInput: scan code, time and extra information are 0.
 INPUT makeKeyEvent(WORD virtualKey, bool isUp);
 
-// Sends one event by a SendInput call of its own. True when it was inserted.
+// Sends one event by a SendInput call of its own, to whatever has the focus. True when it was inserted.
 bool sendKeyEvent(WORD virtualKey, bool isUp);
 
 }  // namespace orvane

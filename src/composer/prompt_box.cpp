@@ -32,12 +32,12 @@ constexpr std::int64_t promptWordScore = 2'000'000'000;
 constexpr std::int64_t wideScore = 500'000'000;
 constexpr LONG wideAbovePixels = 300;
 
-std::int64_t scoreCandidate(const RECT& bounds, CONTROLTYPEID type, const std::wstring& foldedName) {
+std::int64_t scoreCandidate(const RECT& bounds, CONTROLTYPEID type, const std::wstring& lowerName) {
   const std::int64_t width = std::int64_t{bounds.right} - bounds.left;
   const std::int64_t height = std::int64_t{bounds.bottom} - bounds.top;
   std::int64_t score = width * height;
   score += type == UIA_EditControlTypeId ? editScore : 0;
-  score += containsAnyOf(foldedName, promptWords) ? promptWordScore : 0;
+  score += containsAnyOf(lowerName, promptWords) ? promptWordScore : 0;
   score += width > wideAbovePixels ? wideScore : 0;
   return score;
 }
@@ -68,8 +68,8 @@ class PromptBoxCheck {
   PromptBoxCheck(HWND window, const std::string& providerName)
       : window_(window),
         providerName_(providerName),
-        foldedProvider_(toLower(wideFromUtf8(providerName))),
-        isPerplexity_(foldedProvider_ == provider_key::perplexity) {}
+        lowerProvider_(toLower(wideFromUtf8(providerName))),
+        isPerplexity_(lowerProvider_ == provider_key::perplexity) {}
 
   bool run() { return open() && identify() && search() && focusBest() && examineFocus(); }
 
@@ -136,6 +136,7 @@ class PromptBoxCheck {
         consider(element);
       }
     }
+    root_ = UiaElement();  // the rest is about what was found in it
     return best_.element ? true : fail(noCandidateMessage());
   }
 
@@ -245,7 +246,7 @@ class PromptBoxCheck {
       message_ = successMessage();
       return true;
     }
-    if (foldedProvider_.find(provider_key::chatGpt) != std::wstring::npos) {
+    if (lowerProvider_.find(provider_key::chatGpt) != std::wstring::npos) {
       message_ = "Verified lower-page ChatGPT composer focused through UIA proxy";
       return true;
     }
@@ -283,7 +284,7 @@ class PromptBoxCheck {
 
   HWND window_;
   const std::string& providerName_;
-  std::wstring foldedProvider_;
+  std::wstring lowerProvider_;
   bool isPerplexity_;
   std::string message_;
   UiaSession session_;

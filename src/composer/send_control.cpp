@@ -21,13 +21,13 @@ constexpr std::array<std::wstring_view, 7> extendedNames{L"send",         L"send
 
 constexpr DWORD pauseBetweenChecksMs = 250;
 
-bool isCommonSendName(const std::wstring& foldedName) {
-  return std::find(commonNames.begin(), commonNames.end(), foldedName) != commonNames.end() ||
-         foldedName.find(commonWord) != std::wstring::npos;
+bool isCommonSendName(const std::wstring& lowerName) {
+  return std::find(commonNames.begin(), commonNames.end(), lowerName) != commonNames.end() ||
+         lowerName.find(commonWord) != std::wstring::npos;
 }
 
-bool isExtendedSendName(const std::wstring& foldedName) {
-  return std::find(extendedNames.begin(), extendedNames.end(), foldedName) != extendedNames.end();
+bool isExtendedSendName(const std::wstring& lowerName) {
+  return std::find(extendedNames.begin(), extendedNames.end(), lowerName) != extendedNames.end();
 }
 
 std::string buttonSearchFailure(ButtonSearchResult result) {
@@ -54,8 +54,8 @@ struct PressCounters {
 // True when the button was a Send control and took the call.
 bool pressIfSendButton(const UiaElement& button, const std::wstring& name, bool takesExtendedNames,
                        PressCounters& counters) {
-  const std::wstring foldedName = toLower(name);
-  if (!isCommonSendName(foldedName) && !(takesExtendedNames && isExtendedSendName(foldedName))) {
+  const std::wstring lowerName = toLower(name);
+  if (!isCommonSendName(lowerName) && !(takesExtendedNames && isExtendedSendName(lowerName))) {
     return false;
   }
   ++counters.exactNamed;
@@ -74,6 +74,7 @@ std::string nothingPressedMessage(int buttonCount, const PressCounters& counters
   return "No invokable Send button; buttons=" + std::to_string(buttonCount) +
          "; exactNamed=" + std::to_string(counters.exactNamed) +
          "; visibleEnabled=" + std::to_string(counters.visibleEnabled) +
+         // Of the controls that could be invoked only those that refused are left to count here.
          "; invokable=" + std::to_string(counters.failedInvokes);
 }
 
@@ -116,8 +117,8 @@ bool findEnabledSendButton(HWND window, std::wstring* name) {
     if (!found) {
       continue;
     }
-    const std::wstring foldedName = toLower(*found);
-    if ((isCommonSendName(foldedName) || isExtendedSendName(foldedName)) && isEnabledOnScreen(button)) {
+    const std::wstring lowerName = toLower(*found);
+    if ((isCommonSendName(lowerName) || isExtendedSendName(lowerName)) && isEnabledOnScreen(button)) {
       if (name != nullptr) {
         *name = *found;
       }

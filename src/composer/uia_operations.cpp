@@ -21,6 +21,15 @@ bool readBool(IUIAutomationElement* element, BoolGetter getter, bool valueOnFail
   return FAILED((element->*getter)(&value)) ? valueOnFailure : value != FALSE;
 }
 
+// A call that fails may have written into its out parameter: `made` is empty then. Gives `result` on.
+template <typename Interface>
+HRESULT emptyOnFailure(HRESULT result, ComReference<Interface>& made) {
+  if (FAILED(result)) {
+    made.reset();
+  }
+  return result;
+}
+
 // Null when the call fails; `result` is then the error, or E_NOINTERFACE for a null pattern.
 template <typename Pattern>
 ComReference<Pattern> findPattern(IUIAutomationElement* element, PATTERNID id, const IID& iid, HRESULT& result) {
@@ -43,11 +52,7 @@ int UiaElementArray::length() const {
 }
 
 HRESULT UiaElementArray::elementAt(int index, UiaElement& element) const {
-  const HRESULT result = array_->GetElement(index, element.element_.put());
-  if (FAILED(result)) {
-    element.element_.reset();
-  }
-  return result;
+  return emptyOnFailure(array_->GetElement(index, element.element_.put()), element.element_);
 }
 
 std::optional<std::wstring> UiaElement::name() const {
@@ -87,7 +92,7 @@ bool UiaElement::isOffscreen() const {
   return readBool(element_.get(), &IUIAutomationElement::get_CurrentIsOffscreen, true);
 }
 
-bool UiaElement::readsOffscreen() const {
+bool UiaElement::isOffscreenForTrace() const {
   return readBool(element_.get(), &IUIAutomationElement::get_CurrentIsOffscreen, false);
 }
 
@@ -122,11 +127,8 @@ std::wstring UiaElement::textProperty(PROPERTYID property) const {
 }
 
 HRESULT UiaElement::findAll(const UiaCondition& condition, UiaElementArray& found) const {
-  const HRESULT result = element_->FindAll(TreeScope_Descendants, condition.condition_.get(), found.array_.put());
-  if (FAILED(result)) {
-    found.array_.reset();
-  }
-  return result;
+  return emptyOnFailure(element_->FindAll(TreeScope_Descendants, condition.condition_.get(), found.array_.put()),
+                        found.array_);
 }
 
 HRESULT UiaElement::setFocus() const { return element_->SetFocus(); }
@@ -184,53 +186,34 @@ bool UiaElement::offersSelection() const {
 }
 
 UiaSession::UiaSession() {
-  if (FAILED(::CoCreateInstance(CLSID_CUIAutomation, nullptr, CLSCTX_INPROC_SERVER, IID_IUIAutomation,
-                                automation_.putVoid()))) {
-    automation_.reset();
-  }
+  emptyOnFailure(
+      ::CoCreateInstance(CLSID_CUIAutomation, nullptr, CLSCTX_INPROC_SERVER, IID_IUIAutomation, automation_.putVoid()),
+      automation_);
 }
 
 HRESULT UiaSession::elementFromHandle(HWND window, UiaElement& element) const {
-  const HRESULT result = automation_->ElementFromHandle(window, element.element_.put());
-  if (FAILED(result)) {
-    element.element_.reset();
-  }
-  return result;
+  return emptyOnFailure(automation_->ElementFromHandle(window, element.element_.put()), element.element_);
 }
 
 HRESULT UiaSession::focusedElement(UiaElement& element) const {
-  const HRESULT result = automation_->GetFocusedElement(element.element_.put());
-  if (FAILED(result)) {
-    element.element_.reset();
-  }
-  return result;
+  return emptyOnFailure(automation_->GetFocusedElement(element.element_.put()), element.element_);
 }
 
 HRESULT UiaSession::controlTypeCondition(CONTROLTYPEID type, UiaCondition& condition) const {
   const UniqueVariant value{static_cast<LONG>(type)};
-  const HRESULT result =
-      automation_->CreatePropertyCondition(UIA_ControlTypePropertyId, value.get(), condition.condition_.put());
-  if (FAILED(result)) {
-    condition.condition_.reset();
-  }
-  return result;
+  return emptyOnFailure(
+      automation_->CreatePropertyCondition(UIA_ControlTypePropertyId, value.get(), condition.condition_.put()),
+      condition.condition_);
 }
 
 HRESULT UiaSession::trueCondition(UiaCondition& condition) const {
-  const HRESULT result = automation_->CreateTrueCondition(condition.condition_.put());
-  if (FAILED(result)) {
-    condition.condition_.reset();
-  }
-  return result;
+  return emptyOnFailure(automation_->CreateTrueCondition(condition.condition_.put()), condition.condition_);
 }
 
 HRESULT UiaSession::orCondition(const UiaCondition& first, const UiaCondition& second, UiaCondition& condition) const {
-  const HRESULT result =
-      automation_->CreateOrCondition(first.condition_.get(), second.condition_.get(), condition.condition_.put());
-  if (FAILED(result)) {
-    condition.condition_.reset();
-  }
-  return result;
+  return emptyOnFailure(
+      automation_->CreateOrCondition(first.condition_.get(), second.condition_.get(), condition.condition_.put()),
+      condition.condition_);
 }
 
 bool UiaSession::isSameElement(const UiaElement& first, const UiaElement& second) const {

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -53,7 +52,8 @@ struct ValueReading {
 };
 
 // One live element. It is never kept beyond the operation that found it. Each read asks the
-// browser anew; a read that fails gives the value with which the element fails the test.
+// browser anew, by the get_Current call of the same name; a read that fails gives the value with which the
+// element fails the test. Only its bool may be asked of an empty element: every member uses the pointer.
 class UiaElement {
  public:
   explicit operator bool() const noexcept { return static_cast<bool>(element_); }
@@ -67,24 +67,26 @@ class UiaElement {
   std::optional<RECT> bounds() const;  // screen pixels; nullopt on failure
   bool isEnabled() const;              // false on failure
   bool isOffscreen() const;            // true on failure
-  bool readsOffscreen() const;         // the same fact for the diagnostics: false on failure
+  bool isOffscreenForTrace() const;    // the same call for the diagnostics: false on failure
   bool isKeyboardFocusable() const;    // false on failure
   bool isPassword() const;             // true on failure
 
+  // By get_CurrentValue of the Value pattern.
   ValueReading readValue() const;
-  // A property that holds a text; empty when the read fails or it is of another type.
+  // A property that holds a text, by GetCurrentPropertyValue; empty when the read fails or it is of another
+  // type.
   std::wstring textProperty(PROPERTYID property) const;
 
-  // The descendants that fit; the array is empty when the call fails or gives null.
+  // The descendants that fit, by FindAll; the array is empty when the call fails or gives null.
   HRESULT findAll(const UiaCondition& condition, UiaElementArray& found) const;
 
-  HRESULT setFocus() const;
+  HRESULT setFocus() const;  // success says nothing about where the focus is then
   // Writes a field by its Value pattern; a composer is never written this way.
   PatternOutcome setValue(const std::wstring& text) const;
-  PatternOutcome invoke() const;
-  PatternOutcome select() const;
-  PatternOutcome doDefaultAction() const;
-  bool isSelected() const;  // false without a SelectionItem pattern and on failure
+  PatternOutcome invoke() const;           // Invoke of the Invoke pattern
+  PatternOutcome select() const;           // Select of the SelectionItem pattern
+  PatternOutcome doDefaultAction() const;  // DoDefaultAction of the LegacyIAccessible pattern
+  bool isSelected() const;                 // false without a SelectionItem pattern and on failure
 
   // Whether the pattern is there, which is asked without using it; false on failure.
   bool offersInvoke() const;
@@ -97,7 +99,8 @@ class UiaElement {
 };
 
 // The scope of one UI Automation operation: an automation object made on entry and released on
-// every way out. Needs an apartment on the calling thread.
+// every way out. Needs an apartment on the calling thread. Each member is the IUIAutomation call of its name;
+// only the bool may be asked of a session without an automation object.
 class UiaSession {
  public:
   UiaSession();
@@ -112,11 +115,12 @@ class UiaSession {
   HRESULT elementFromHandle(HWND window, UiaElement& element) const;
   // The element that holds the keyboard focus anywhere on the desktop; empty as above.
   HRESULT focusedElement(UiaElement& element) const;
-  // Conditions are empty when the call fails or gives null.
+  // Conditions (CreatePropertyCondition, CreateTrueCondition, CreateOrCondition) are empty when the call fails
+  // or gives null.
   HRESULT controlTypeCondition(CONTROLTYPEID type, UiaCondition& condition) const;
   HRESULT trueCondition(UiaCondition& condition) const;
   HRESULT orCondition(const UiaCondition& first, const UiaCondition& second, UiaCondition& condition) const;
-  // True when both stand for the same control; false on failure.
+  // CompareElements: true when both stand for the same control; false on failure.
   bool isSameElement(const UiaElement& first, const UiaElement& second) const;
 
  private:
