@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "embedding/recorded_result.h"
+#include "support/call_record.h"
 #include "support/row_name.h"
 #include "support/simulated_desktop.h"
 
@@ -117,6 +118,8 @@ INSTANTIATE_TEST_SUITE_P(Each, ShellAnswers,
                                            ShellAnswer{"AboveLimit", "33", true}, ShellAnswer{"Negative", "-1", false}),
                          nameOfRow<ShellAnswer>);
 
+const std::vector<std::string> restoring{"ShowWindow back", "SetForegroundWindow back"};
+
 TEST(ForegroundWindowHandle, RestoresTheWindow_WhicheverIntegerItIs) {
   for (const bool isNarrow : {true, false}) {
     SimulatedDesktop desktop(twoWindows);
@@ -124,8 +127,10 @@ TEST(ForegroundWindowHandle, RestoresTheWindow_WhicheverIntegerItIs) {
     const EncodableValue number = isNarrow ? EncodableValue(static_cast<std::int32_t>(handle))
                                            : EncodableValue(static_cast<std::int64_t>(handle));
 
+    const simulation::CallRecord record(desktop, {"ShowWindow", "SetForegroundWindow"});
     expectSuccess(call("foregroundWindowHandle", mapWith("windowHandle", number)), plainSuccess);
 
+    EXPECT_EQ(record.calls(), restoring);
     EXPECT_EQ(desktop.foreground(), "back");
     EXPECT_FALSE(::IsIconic(desktop.window("back")));
   }
@@ -164,8 +169,11 @@ EncodableMap orvaneReply(bool isRestored) {
 TEST(ActivateOrvaneWindow, RestoresTheViewsWindow) {
   SimulatedDesktop desktop(twoWindows);
   const ProviderCommandHandler handler([&desktop] { return desktop.window("back"); });
+  const simulation::CallRecord record(desktop, {"ShowWindow", "SetForegroundWindow"});
   expectSuccess(call(handler, "activateOrvaneWindow"), orvaneReply(true));
+  EXPECT_EQ(record.calls(), restoring);
   EXPECT_EQ(desktop.foreground(), "back");
+  EXPECT_FALSE(::IsIconic(desktop.window("back")));
 }
 
 TEST(ActivateOrvaneWindow, Fails_WhenThereIsNoViewOrNoLivingWindow) {

@@ -37,6 +37,28 @@ TEST(BringForward, TakesOnePass_WhenTheRequestIsGranted) {
   expectAsked(desktop, 1);
 }
 
+TEST(BringForward, AsksInOneOrderWhileBothThreadsAreJoined_WhenNeitherIsItsOwn) {
+  SimulatedDesktop desktop(twoWindows());
+  const JoinedCalls record(desktop);
+
+  EXPECT_TRUE(bring(desktop));
+
+  EXPECT_EQ(record.calls(),
+            (std::vector<std::string>{"AttachThreadInput:", "AttachThreadInput: editor",
+                                      "BringWindowToTop browser: editor browser",
+                                      "SetForegroundWindow browser: editor browser", "SetFocus browser: editor browser",
+                                      "AttachThreadInput: editor browser", "AttachThreadInput: editor", "Sleep:"}));
+}
+
+TEST(BringForward, LeavesNothingJoined_WhenBothWindowsAreOfOneThread) {
+  const SimulatedDesktop desktop(twoWindowsOfOneThread);
+
+  EXPECT_TRUE(bring(desktop));
+
+  EXPECT_EQ(desktop.platformCalls(attach), 4);
+  EXPECT_EQ(desktop.held("threadInputs"), 0);
+}
+
 TEST(BringForward, AsksAllTheSame_WhenTheWindowIsInFrontAlready) {
   const SimulatedDesktop desktop(twoWindows("", "[]", R"("browser")"));
 

@@ -146,6 +146,23 @@ TEST(ChatGptComposer, IsMeasuredFromTheWindowsTop_WhenTheWindowIsMoved) {
   }
 }
 
+TEST(ChatGptComposer, IsMeasuredInWholePixels_WhateverTheWindowsHeight) {
+  struct Line {
+    int height;
+    int top;  // 45 percent of the height, cut
+  };
+  for (const auto& [height, line] : {Line{850, 382}, Line{100'000'000, 45'000'000}}) {
+    for (const int top : {line - 1, line}) {
+      const std::string bounds = "[300, " + std::to_string(top) + ", 1100, " + std::to_string(top + 60) + "]";
+      const SimulatedDesktop desktop(
+          desktopJson({.page = fieldPage(R"("type": "edit", "name": "Message ChatGPT")", bounds),
+                       .bounds = "[0, 0, 1200, " + std::to_string(height) + "]"}));
+
+      expectProof(prove(desktop), top == line);
+    }
+  }
+}
+
 TEST(ChatGptComposer, IsNotProven_WhenTheWindowHasNoHeight) {
   const SimulatedDesktop desktop(
       desktopJson({.page = fieldPage(R"("type": "edit", "name": "Message ChatGPT")"), .bounds = "[0, 0, 1200, 0]"}));

@@ -47,6 +47,50 @@ TEST(ForceForeground, TakesOnePass_WhenTheRequestIsGranted) {
   EXPECT_EQ(desktop.platformCalls("CoCreateInstance"), 0);
 }
 
+TEST(ForceForeground, AsksInOneOrderWhileBothThreadsAreJoined_WhenNeitherIsItsOwn) {
+  SimulatedDesktop desktop(twoWindows());
+  const JoinedCalls record(desktop);
+
+  EXPECT_TRUE(force(desktop));
+
+  EXPECT_EQ(record.calls(), (std::vector<std::string>{
+                                "ShowWindowAsync browser:", "AttachThreadInput:", "AttachThreadInput: editor",
+                                "SetWindowPos browser: editor browser", "BringWindowToTop browser: editor browser",
+                                "SetForegroundWindow browser: editor browser",
+                                "SetActiveWindow browser: editor browser", "SetFocus browser: editor browser",
+                                "AttachThreadInput: editor browser", "AttachThreadInput: editor", "Sleep:"}));
+}
+
+TEST(ForceForeground, LeavesNothingJoined_WhenBothWindowsAreOfOneThread) {
+  const SimulatedDesktop desktop(twoWindowsOfOneThread);
+
+  EXPECT_TRUE(force(desktop));
+
+  EXPECT_EQ(desktop.platformCalls(attach), 4);
+  EXPECT_EQ(desktop.held("threadInputs"), 0);
+}
+
+TEST(ForceForeground, LeavesTheWindowsPlaceAlone_WhenItRaisesIt) {
+  SimulatedDesktop desktop(twoWindows(R"(, "bounds": [40, 60, 840, 660])"));
+
+  EXPECT_TRUE(force(desktop));
+
+  RECT bounds{};
+  ::GetWindowRect(desktop.window("browser"), &bounds);
+  EXPECT_EQ(bounds.left, 40);
+  EXPECT_EQ(bounds.top, 60);
+  EXPECT_EQ(bounds.right, 840);
+  EXPECT_EQ(bounds.bottom, 660);
+}
+
+TEST(ForceForeground, ShowsTheWindowAsItRaisesIt_WhenShowingItBeforeHadNoEffect) {
+  const SimulatedDesktop desktop(twoWindows(R"(, "visible": false)", everyCallFails("ShowWindowAsync", "false")));
+
+  EXPECT_TRUE(force(desktop));
+
+  EXPECT_TRUE(desktop.windowState("browser").visible);
+}
+
 struct RefusalRow {
   const char* name;
   const char* requests;

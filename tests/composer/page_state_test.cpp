@@ -4,6 +4,7 @@
 #include "composer/prompt_state.h"
 #include "support/browser_page.h"
 #include "support/simulated_desktop.h"
+#include "support/sleep_watch.h"
 
 namespace orvane {
 namespace {
@@ -45,6 +46,15 @@ TEST(PromptBoxReady, TakesTwoPauses_WhenTheBoxIsThereAtOnce) {
   EXPECT_EQ(result.tookMs, 500);
   EXPECT_EQ(desktop.platformCalls("IUIAutomationElement::SetFocus"), 3);
   EXPECT_TRUE(desktop.keys().empty());
+}
+
+TEST(PromptBoxReady, HoldsNothingOfThePage_DuringAPause) {
+  SimulatedDesktop desktop(desktopJson({.page = pageWith(composer)}));
+  const simulation::SleepWatch watch(desktop);
+
+  EXPECT_TRUE(waitFor(desktop, 14).isReady);
+
+  EXPECT_EQ(watch.comReferences(), (std::vector<std::int64_t>{0, 0}));
 }
 
 TEST(PromptBoxReady, StartsAgain_WhenOneCheckIsBad) {

@@ -1,9 +1,11 @@
 // Which control verifyPromptBox takes for the composer.
 #include <gtest/gtest.h>
 
-#include "composer/prompt_box.h"
+#include <vector>
+
+#include "composer/prompt_box_verdict.h"
 #include "support/browser_page.h"
-#include "support/simulated_desktop.h"
+#include "support/row_name.h"
 
 namespace orvane {
 namespace {
@@ -18,17 +20,6 @@ using simulation::stop;
 
 constexpr const char* nothingFound = "No visible keyboard-focusable prompt box found";
 constexpr const char* verifiedForClaude = "Verified lower-page AI prompt box focused for Claude";
-
-struct Verdict {
-  bool isVerified = false;
-  std::string message;
-};
-
-Verdict verify(const SimulatedDesktop& desktop, const std::string& provider = "Claude") {
-  Verdict verdict;
-  verdict.isVerified = verifyPromptBox(desktop.window("browser"), provider, &verdict.message);
-  return verdict;
-}
 
 // Reading is all that happens beside the focus.
 void expectUntouched(const SimulatedDesktop& desktop) {
@@ -64,6 +55,30 @@ TEST(PromptBox, HasTheSameVerdict_WhenNoMessageIsWanted) {
   const SimulatedDesktop good(desktopJson({.page = pageWith(composer)}));
   EXPECT_TRUE(verifyPromptBox(good.window("browser"), "Claude", nullptr));
   EXPECT_FALSE(verifyPromptBox(nullptr, "Claude", nullptr));
+}
+
+TEST(PromptBox, IsReadFactByFactInOneOrder_BeforeAndAfterItTakesTheFocus) {
+  SimulatedDesktop desktop(desktopJson({.page = "[" + edit("field", "Prompt", "[300, 640, 1100, 700]") + "]"}));
+  std::vector<std::string> calls;
+  desktop.world().books().watch(
+      [&calls](std::string_view call, const simulation::Window*, const simulation::Element* element) {
+        if (element != nullptr && element->facts.id == "field") {
+          calls.emplace_back(call);
+        }
+      });
+
+  EXPECT_TRUE(verify(desktop).isVerified);
+
+  desktop.world().books().watch({});
+  const std::string element = "IUIAutomationElement::";
+  EXPECT_EQ(calls,
+            (std::vector<std::string>{"IUIAutomationElementArray::GetElement", element + "get_CurrentControlType",
+                                      element + "get_CurrentName", element + "get_CurrentIsEnabled",
+                                      element + "get_CurrentIsOffscreen", element + "get_CurrentBoundingRectangle",
+                                      element + "get_CurrentIsKeyboardFocusable", element + "SetFocus",
+                                      "IUIAutomation::GetFocusedElement", element + "get_CurrentName",
+                                      element + "get_CurrentIsEnabled", element + "get_CurrentIsKeyboardFocusable",
+                                      element + "get_CurrentIsOffscreen", element + "get_CurrentBoundingRectangle"}));
 }
 
 TEST(PromptBox, NeedsNoAddress_WhenTheProviderIsNotPerplexity) {
@@ -125,7 +140,10 @@ INSTANTIATE_TEST_SUITE_P(Each, LowerPageLine,
                                          LineRow{"MovedWindowOnTheLine", "[50, 101, 1200, 902]", 541, true},
                                          LineRow{"MovedWindowOnePixelAbove", "[50, 101, 1200, 902]", 540, false},
                                          LineRow{"UpperMonitorOnTheLine", "[0, -900, 1200, -99]", -460, true},
-                                         LineRow{"UpperMonitorOnePixelAbove", "[0, -900, 1200, -99]", -461, false}),
+                                         LineRow{"UpperMonitorOnePixelAbove", "[0, -900, 1200, -99]", -461, false},
+                                         // 55 x 900,000,000 in 32 bits is -2,039,607,552.
+                                         LineRow{"WrappedOnTheLine", "[0, 0, 1200, 900000000]", -20396075, true},
+                                         LineRow{"WrappedOnePixelAbove", "[0, 0, 1200, 900000000]", -20396076, false}),
                          lineName);
 
 TEST_P(LowerPageLine, DecidesByTheTopEdgeAlone_WhenAControlTouchesIt) {
@@ -220,6 +238,40 @@ TEST(PromptBox, IsTheLargerOne_WhenNothingElseTellsThemApart) {
 
   EXPECT_EQ(desktop.focus(), "browser/large");
 }
+
+struct WeightRow {
+  const char* test;
+  std::string first;
+  std::string second;
+  const char* focus;
+};
+
+class Weight : public testing::TestWithParam<WeightRow> {};
+
+TEST_P(Weight, IsExact_ToThePixelOfArea) {
+  const SimulatedDesktop desktop(desktopJson({.page = "[" + GetParam().first + "," + GetParam().second + "]"}));
+
+  EXPECT_TRUE(verify(desktop).isVerified);
+
+  EXPECT_EQ(desktop.focus(), std::string("browser/") + GetParam().focus);
+}
+
+// A prompt word is worth 2,000,000,000 and a width above 300 is worth 500,000,000. The message box of 48,000 pixels has
+// both, so that an edit without a word needs 2,000,048,000 pixels to be its equal: the first of the two is then taken.
+const std::string messageBox = edit("message", "Message ChatGPT", "[300, 640, 1100, 700]");
+const std::string equalRival = edit("rival", "Notes", "[0, 500, 1000, 2000548]");
+INSTANTIATE_TEST_SUITE_P(Each, Weight,
+                         testing::Values(WeightRow{"NameBeatsArea", edit("wide", "Notes", "[0, 500, 50000, 30500]"),
+                                                   edit("named", "Prompt", "[0, 500, 20, 520]"), "named"},
+                                         WeightRow{"AreaBeatsName", edit("wide", "Notes", "[0, 500, 50000, 30501]"),
+                                                   edit("named", "Prompt", "[0, 500, 20, 520]"), "wide"},
+                                         WeightRow{"WidthBeatsArea", edit("tall", "Notes", "[0, 500, 300, 1667167]"),
+                                                   edit("wide", "Notes", "[0, 500, 301, 501]"), "wide"},
+                                         WeightRow{"AreaBeatsWidth", edit("tall", "Notes", "[0, 500, 300, 1667168]"),
+                                                   edit("wide", "Notes", "[0, 500, 301, 501]"), "tall"},
+                                         WeightRow{"MessageBoxInFrontOfItsEqual", messageBox, equalRival, "message"},
+                                         WeightRow{"MessageBoxBehindItsEqual", equalRival, messageBox, "rival"}),
+                         nameOfRow<WeightRow>);
 
 class PromptWord : public testing::TestWithParam<const char*> {};
 INSTANTIATE_TEST_SUITE_P(Each, PromptWord,

@@ -1,9 +1,8 @@
 // What verifyPromptBox says of the control that really has the focus, and of calls that fail.
 #include <gtest/gtest.h>
 
-#include "composer/prompt_box.h"
+#include "composer/prompt_box_verdict.h"
 #include "support/browser_page.h"
-#include "support/simulated_desktop.h"
 
 namespace orvane {
 namespace {
@@ -17,17 +16,6 @@ using simulation::SimulatedDesktop;
 constexpr const char* notInTheLowerPage = "Focused control is not a verified lower-page AI prompt box";
 constexpr const char* throughProxy = "Verified lower-page ChatGPT composer focused through UIA proxy";
 constexpr const char* focusUnverified = "Prompt focus could not be verified";
-
-struct Verdict {
-  bool isVerified = false;
-  std::string message;
-};
-
-Verdict verify(const SimulatedDesktop& desktop, const std::string& provider = "Claude") {
-  Verdict verdict;
-  verdict.isVerified = verifyPromptBox(desktop.window("browser"), provider, &verdict.message);
-  return verdict;
-}
 
 // The page moves the focus on to another control as soon as the composer gets it.
 simulation::BrowserPage movesFocusTo(const std::string& element, const std::string& other = "") {
@@ -98,6 +86,7 @@ TEST_P(UnusableProxy, FailsTheVerdict_WhenTheProviderIsNotChatGpt) {
   EXPECT_FALSE(verdict.isVerified);
   EXPECT_EQ(verdict.message, notInTheLowerPage);
   EXPECT_EQ(desktop.focus(), "browser/proxy");
+  EXPECT_FALSE(verifyPromptBox(desktop.window("browser"), "Claude", nullptr));
 }
 
 TEST_P(UnusableProxy, IsAccepted_WhenTheProvidersNameHoldsChatGpt) {
@@ -108,6 +97,7 @@ TEST_P(UnusableProxy, IsAccepted_WhenTheProvidersNameHoldsChatGpt) {
 
     EXPECT_TRUE(verdict.isVerified);
     EXPECT_EQ(verdict.message, throughProxy);
+    EXPECT_TRUE(verifyPromptBox(desktop.window("browser"), provider, nullptr));
   }
 }
 
@@ -192,6 +182,7 @@ TEST_P(PromptBoxFault, IsReportedInItsWords_WhenTheCallFails) {
 
   EXPECT_FALSE(verdict.isVerified);
   EXPECT_EQ(verdict.message, GetParam().message);
+  EXPECT_FALSE(verifyPromptBox(desktop.window("browser"), "Claude", nullptr));
   EXPECT_EQ(desktop.focus(), GetParam().focusMoved ? "browser/composer" : "browser/newChat");
   EXPECT_TRUE(desktop.keys().empty());
   EXPECT_EQ(desktop.nowMs(), 0);

@@ -1,9 +1,9 @@
 // verifyPromptBox on Perplexity: its host, its sign-in panel, its named composer and the focus in it.
 #include <gtest/gtest.h>
 
-#include "composer/prompt_box.h"
+#include "composer/prompt_box_verdict.h"
 #include "support/browser_page.h"
-#include "support/simulated_desktop.h"
+#include "support/row_name.h"
 
 namespace orvane {
 namespace {
@@ -24,19 +24,12 @@ constexpr const char* editThroughProxy =
 constexpr const char* focusElsewhere =
     "Perplexity composer focus not verified; focused control is not the named composer or its contained proxy; "
     "nothing pasted";
+constexpr const char* noCondition = "Could not create prompt-search condition";
 constexpr const char* composerFirst =
     R"({"id": "composer", "type": "edit", "name": "Ask anything...", "value": "", "bounds": [300, 400, 1100, 500]})";
 
-struct Verdict {
-  bool isVerified = false;
-  std::string message;
-};
+Verdict verifyPerplexity(const SimulatedDesktop& desktop) { return verify(desktop, "Perplexity"); }
 
-Verdict verify(const SimulatedDesktop& desktop, const std::string& provider = "Perplexity") {
-  Verdict verdict;
-  verdict.isVerified = verifyPromptBox(desktop.window("browser"), provider, &verdict.message);
-  return verdict;
-}
 // The composer and further elements, each with a comma in front.
 BrowserPage perplexity(const std::string& others = "", const std::string& rules = "[]",
                        const std::string& faults = "[]") {
@@ -47,7 +40,7 @@ BrowserPage perplexity(const std::string& others = "", const std::string& rules 
           .address = "https://www.perplexity.ai/search/lisbon"};
 }
 
-std::string messageOn(const BrowserPage& page) { return verify(SimulatedDesktop(desktopJson(page))).message; }
+std::string messageOn(const BrowserPage& page) { return verifyPerplexity(SimulatedDesktop(desktopJson(page))).message; }
 
 BrowserPage onlyElement(const std::string& element) {
   BrowserPage page = perplexity();
@@ -58,7 +51,7 @@ BrowserPage onlyElement(const std::string& element) {
 TEST(PerplexityBox, IsTheNamedEdit_WhenItTakesTheFocusItself) {
   const SimulatedDesktop desktop(desktopJson(perplexity()));
 
-  const Verdict verdict = verify(desktop);
+  const Verdict verdict = verifyPerplexity(desktop);
 
   EXPECT_TRUE(verdict.isVerified);
   EXPECT_EQ(verdict.message, exactEdit);
@@ -71,7 +64,7 @@ TEST(PerplexityBox, CanBeADocument_WhenItIsNamed) {
   const SimulatedDesktop desktop(desktopJson(onlyElement(
       R"({"id": "composer", "type": "document", "name": "Ask a follow-up", "bounds": [300, 600, 1100, 700]})")));
 
-  EXPECT_EQ(verify(desktop).message,
+  EXPECT_EQ(verifyPerplexity(desktop).message,
             "Verified Perplexity composer; role=50030; namedCandidates=1; browserFocusable=true; focus=exact element");
 }
 
@@ -79,7 +72,7 @@ TEST(PerplexityBox, IsTheEdit_WhenALargerDocumentIsNamedToo) {
   const SimulatedDesktop desktop(desktopJson(
       perplexity(R"(, {"id": "page", "type": "document", "name": "Ask anything", "bounds": [0, 200, 1200, 800]})")));
 
-  EXPECT_EQ(verify(desktop).message,
+  EXPECT_EQ(verifyPerplexity(desktop).message,
             "Verified Perplexity composer; role=50004; namedCandidates=2; browserFocusable=true; focus=exact element");
   EXPECT_EQ(desktop.focus(), "browser/composer");
 }
@@ -93,7 +86,7 @@ TEST_P(PerplexityName, MakesAControlTheComposer_WhenItStandsInTheName) {
       desktopJson(onlyElement(std::string(R"({"id": "composer", "type": "edit", "name": ")") + GetParam() +
                               R"(", "bounds": [300, 600, 1100, 700]})")));
 
-  EXPECT_TRUE(verify(desktop).isVerified);
+  EXPECT_TRUE(verifyPerplexity(desktop).isVerified);
 
   EXPECT_EQ(desktop.focus(), "browser/composer");
 }
@@ -102,7 +95,9 @@ TEST(PerplexityBox, FollowsTheCommonRules_WhenTheProvidersNameIsLonger) {
   const SimulatedDesktop desktop(desktopJson(
       {.page = R"([{"id": "composer", "type": "edit", "name": "Prompt", "bounds": [300, 600, 1100, 700]}])"}));
 
-  EXPECT_EQ(verify(desktop, "Perplexity Pro").message, "Verified lower-page AI prompt box focused for Perplexity Pro");
+  for (const char* name : {"Perplexity Pro", "My Perplexity"}) {
+    EXPECT_EQ(verify(desktop, name).message, std::string("Verified lower-page AI prompt box focused for ") + name);
+  }
 }
 
 class WrongAddress : public testing::TestWithParam<const char*> {};
@@ -115,7 +110,7 @@ TEST_P(WrongAddress, StopsTheOperation_WhenTheWindowShowsIt) {
   page.address = GetParam();
   const SimulatedDesktop desktop(desktopJson(page));
 
-  const Verdict verdict = verify(desktop);
+  const Verdict verdict = verifyPerplexity(desktop);
 
   EXPECT_FALSE(verdict.isVerified);
   EXPECT_EQ(verdict.message, urlNotVerified);
@@ -131,7 +126,7 @@ TEST_P(SignInWord, StopsTheOperation_WhenAVisibleControlHasIt) {
   const SimulatedDesktop desktop(
       desktopJson(perplexity(std::string(R"(, {"id": "signIn", "type": "button", "name": ")") + GetParam() + R"("})")));
 
-  const Verdict verdict = verify(desktop);
+  const Verdict verdict = verifyPerplexity(desktop);
 
   EXPECT_FALSE(verdict.isVerified);
   EXPECT_EQ(verdict.message, signInVisible);
@@ -144,14 +139,24 @@ TEST_P(SignInWord, StopsNothing_WhenItsControlIsOffscreen) {
     const SimulatedDesktop desktop(desktopJson(perplexity(
         std::string(R"(, {"id": "signIn", "type": "button", "name": ")") + GetParam() + R"(", )" + hidden + "}")));
 
-    EXPECT_EQ(verify(desktop).message, exactEdit);
+    EXPECT_EQ(verifyPerplexity(desktop).message, exactEdit);
   }
+}
+
+TEST(SignInPanel, IsNotLookedFor_WhenTheHostIsWrong) {
+  BrowserPage page = perplexity(R"(, {"id": "signIn", "type": "button", "name": "Continue with Google"})");
+  page.address = "https://example.org/";
+  const SimulatedDesktop desktop(desktopJson(page));
+
+  EXPECT_EQ(verifyPerplexity(desktop).message, urlNotVerified);
+
+  EXPECT_EQ(desktop.platformCalls("IUIAutomation::CreateTrueCondition"), 0);
 }
 
 TEST(SignInPanel, IsNotSeen_WhenAControlHasNoName) {
   const SimulatedDesktop desktop(desktopJson(perplexity(R"(, {"id": "signIn", "type": "button", "name": null})")));
 
-  EXPECT_TRUE(verify(desktop).isVerified);
+  EXPECT_TRUE(verifyPerplexity(desktop).isVerified);
 }
 
 TEST(SignInPanel, IsSkippedSilently_WhenItsConditionOrSearchFails) {
@@ -171,7 +176,31 @@ TEST(PerplexitySearch, UsesEditsAndDocuments_WhenTheTrueConditionFails) {
       desktopJson(perplexity(button, "[]", everyCallFails("IUIAutomation::CreateTrueCondition", "null"))));
 
   // The button is no part of this search, so it isn't counted.
-  EXPECT_EQ(verify(desktop).message, exactEdit);
+  EXPECT_EQ(verifyPerplexity(desktop).message, exactEdit);
+}
+
+TEST(PerplexitySearch, HasNoCondition_WhenTheJoinFailsAlthoughTheTrueConditionWorks) {
+  for (const char* result : {R"("0x80004005")", "null"}) {
+    const SimulatedDesktop desktop(
+        desktopJson(perplexity("", "[]", everyCallFails("IUIAutomation::CreateOrCondition", result))));
+
+    EXPECT_EQ(verifyPerplexity(desktop).message, noCondition);
+
+    // The panel's; the search stops before it asks for its own.
+    EXPECT_EQ(desktop.platformCalls("IUIAutomation::CreateTrueCondition"), 1);
+  }
+}
+
+TEST(PerplexitySearch, SurvivesOneFailedConditionAndNotTwo) {
+  // The first is the address reader's; behind it come the two of the search.
+  for (const int nth : {2, 3}) {
+    EXPECT_EQ(
+        messageOn(perplexity("", "[]", nthCallFails("IUIAutomation::CreatePropertyCondition", nth, R"("0x80004005")"))),
+        exactEdit);
+  }
+  EXPECT_EQ(messageOn(perplexity("", "[]", R"([{"call": "IUIAutomation::CreatePropertyCondition", "nth": 2, "times": 2,
+                                                "result": "0x80004005"}])")),
+            noCondition);
 }
 
 TEST(PerplexitySearch, IsReported_WhenItFails) {
@@ -179,7 +208,7 @@ TEST(PerplexitySearch, IsReported_WhenItFails) {
     const SimulatedDesktop desktop(
         desktopJson(perplexity("", "[]", nthCallFails("IUIAutomationElement::FindAll", 3, result))));
 
-    EXPECT_EQ(verify(desktop).message, "No editable controls exposed by browser");
+    EXPECT_EQ(verifyPerplexity(desktop).message, "No editable controls exposed by browser");
   }
 }
 
@@ -197,7 +226,7 @@ TEST(PerplexitySearch, CountsWhatItSaw_WhenNoControlIsTheComposer) {
   page.page = elements;
   const SimulatedDesktop desktop(desktopJson(page));
 
-  const Verdict verdict = verify(desktop);
+  const Verdict verdict = verifyPerplexity(desktop);
 
   // Beside the page: the row of tabs, its tab, the address bar and the document.
   EXPECT_FALSE(verdict.isVerified);
@@ -237,7 +266,7 @@ TEST_P(PerplexityProxy, DecidesByItsPlace_WhenItTakesTheFocus) {
       desktopJson(perplexity(std::string(R"(, {"id": "proxy", "type": "pane", )") + GetParam().proxy + "}",
                              R"([{"on": {"focus": "composer"}, "do": [{"focus": "proxy"}]}])")));
 
-  const Verdict verdict = verify(desktop);
+  const Verdict verdict = verifyPerplexity(desktop);
 
   EXPECT_EQ(verdict.message, GetParam().message);
   EXPECT_EQ(verdict.isVerified, verdict.message == editThroughProxy);
@@ -261,18 +290,75 @@ INSTANTIATE_TEST_SUITE_P(
                  "Browser search/address field detected; message was not sent"}),
     proxyName);
 
+struct LateRow {
+  const char* test;
+  const char* change;  // of the composer, while a proxy at its first place takes the focus
+  const char* message;
+};
+
+class ComposerAtItsFocus : public testing::TestWithParam<LateRow> {};
+
+TEST_P(ComposerAtItsFocus, IsMeasuredAsItStandsThen_WhenAProxyTakesTheFocus) {
+  const SimulatedDesktop desktop(desktopJson(perplexity(
+      R"(, {"id": "proxy", "type": "pane", "focusable": true, "bounds": [310, 610, 1090, 690]})",
+      std::string(R"([{"on": {"focus": "composer"}, "do": [)") + GetParam().change + R"(, {"focus": "proxy"}]}])")));
+
+  EXPECT_EQ(verifyPerplexity(desktop).message, GetParam().message);
+
+  EXPECT_EQ(desktop.focus(), "browser/proxy");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, ComposerAtItsFocus,
+    testing::Values(LateRow{"MovesAroundTheProxy",
+                            R"({"set": {"element": "composer", "bounds": [300, 600, 1100, 700]}})", editThroughProxy},
+                    LateRow{"MovesAwayFromTheProxy", R"({"set": {"element": "proxy", "bounds": [310, 410, 1090, 490]}},
+                                            {"set": {"element": "composer", "bounds": [300, 600, 1100, 700]}})",
+                            focusElsewhere},
+                    LateRow{"BecomesUnreadable", R"({"set": {"element": "proxy", "bounds": [310, 410, 1090, 490]}},
+                                        {"set": {"element": "composer", "unreadable": ["bounds"]}})",
+                            focusElsewhere},
+                    LateRow{"IsGone",
+                            R"({"set": {"element": "proxy", "bounds": [310, 410, 1090, 490]}}, {"remove": "composer"})",
+                            focusElsewhere}),
+    nameOfRow<LateRow>);
+
+struct DocumentRow {
+  const char* test;
+  const char* bounds;  // of a document that is a composer by its name, beside an edit of 20 x 20 pixels
+  const char* focus;
+};
+
+class DocumentOfArea : public testing::TestWithParam<DocumentRow> {};
+
+// An edit is worth 3,000,000,000; the document is wide, which is worth 500,000,000.
+TEST_P(DocumentOfArea, IsTheComposer_WhenItsAreaOutweighsTheEdit) {
+  const SimulatedDesktop desktop(desktopJson(onlyElement(
+      std::string(R"({"id": "document", "type": "document", "name": "Ask anything", "bounds": )") + GetParam().bounds +
+      R"(}, {"id": "edit", "type": "edit", "name": "Ask anything", "bounds": [0, 500, 20, 520]})")));
+
+  EXPECT_TRUE(verifyPerplexity(desktop).isVerified);
+
+  EXPECT_EQ(desktop.focus(), GetParam().focus);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, DocumentOfArea,
+                         testing::Values(DocumentRow{"TooSmall", "[0, 500, 50000, 50500]", "browser/edit"},
+                                         DocumentRow{"LargeEnough", "[0, 500, 50000, 50501]", "browser/document"}),
+                         nameOfRow<DocumentRow>);
+
 TEST(PerplexityFocus, CountsAsAProxyOfItself_WhenItCannotBeCompared) {
   const SimulatedDesktop desktop(
       desktopJson(perplexity("", "[]", everyCallFails("IUIAutomation::CompareElements", R"("0x80004005")"))));
 
-  EXPECT_EQ(verify(desktop).message, editThroughProxy);
+  EXPECT_EQ(verifyPerplexity(desktop).message, editThroughProxy);
 }
 
 TEST(PerplexityFocus, IsRefused_WhenItsOwnBoundsCannotBeReadAnyMore) {
   const SimulatedDesktop desktop(desktopJson(perplexity(
       "", R"([{"on": {"focus": "composer"}, "do": [{"set": {"element": "composer", "unreadable": ["bounds"]}}]}])")));
 
-  EXPECT_EQ(verify(desktop).message, "Focused control is not a verified lower-page AI prompt box");
+  EXPECT_EQ(verifyPerplexity(desktop).message, "Focused control is not a verified lower-page AI prompt box");
 }
 
 TEST(PerplexityFocus, IsRefused_WhenItMovedAboveTheLine) {
@@ -280,7 +366,7 @@ TEST(PerplexityFocus, IsRefused_WhenItMovedAboveTheLine) {
       "",
       R"([{"on": {"focus": "composer"}, "do": [{"set": {"element": "composer", "bounds": [300, 100, 900, 159]}}]}])")));
 
-  EXPECT_EQ(verify(desktop).message, "Focused control is not a verified lower-page AI prompt box");
+  EXPECT_EQ(verifyPerplexity(desktop).message, "Focused control is not a verified lower-page AI prompt box");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "composer/prompt_state.h"
 #include "support/browser_page.h"
 #include "support/simulated_desktop.h"
+#include "support/sleep_watch.h"
 
 namespace orvane {
 namespace {
@@ -144,6 +145,15 @@ TEST(PastedPrompt, IsStableAfterTwoPauses_WhenTheTextStays) {
   EXPECT_EQ(result.message, "PASS: pasted prompt remained available across three checks; attempt=3");
   EXPECT_EQ(result.tookMs, 360);
   EXPECT_EQ(field.desktop.platformCalls("CoCreateInstance"), 3);
+}
+
+TEST(PastedPrompt, HoldsNothingOfThePage_DuringAPause) {
+  FocusedField field(R"(, "value": "text")");
+  const simulation::SleepWatch watch(field.desktop);
+
+  EXPECT_TRUE(waitFor(field.desktop, 7).isStable);
+
+  EXPECT_EQ(watch.comReferences(), (std::vector<std::int64_t>{0, 0}));
 }
 
 TEST(PastedPrompt, NeedsThreeGoodChecksAfterAGap_WhenTheTextGoesAndComesBack) {

@@ -4,6 +4,7 @@
 #include "composer/send_control.h"
 #include "support/browser_page.h"
 #include "support/simulated_desktop.h"
+#include "support/sleep_watch.h"
 
 namespace orvane {
 namespace {
@@ -246,6 +247,15 @@ TEST(StableSend, ShowsTheNameInUtf8_WhenItHasOtherLetters) {
 
   EXPECT_EQ(waitFor(desktop, 8, 2).message,
             "PASS: stable enabled Send button confirmed 2 times; attempt=2; name=Send message — 發送 😀");
+}
+
+TEST(SendWait, HoldsNothingOfThePage_DuringAPause) {
+  SimulatedDesktop desktop(desktopJson({.page = pageWith(composer + enabledSend)}));
+  const simulation::SleepWatch watch(desktop);
+
+  EXPECT_TRUE(waitFor(desktop, 8, 3).isStable);
+
+  EXPECT_EQ(watch.comReferences(), (std::vector<std::int64_t>{0, 0}));
 }
 
 }  // namespace
