@@ -95,6 +95,7 @@ TEST_P(ExtendedSendName, SatisfiesTheWaitAlone_WhenTheProviderIsAnother) {
   EXPECT_TRUE(findEnabledSendButton(desktop.window("browser"), nullptr));
   EXPECT_EQ(press(desktop, "Claude").message, nothingPressed(5, 0, 0, 0));
   EXPECT_EQ(press(desktop, "Perplexity Pro").message, nothingPressed(5, 0, 0, 0));
+  EXPECT_EQ(press(desktop, "My Perplexity").message, nothingPressed(5, 0, 0, 0));
 
   EXPECT_EQ(desktop.invocations("browser", "button"), 0);
 }
