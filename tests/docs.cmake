@@ -2,8 +2,9 @@
 set(document_tests "${CMAKE_CURRENT_SOURCE_DIR}/docs")
 add_test(NAME docs.markdown COMMAND "${Python3_EXECUTABLE}" "${document_tests}/markdown_test.py")
 add_test(NAME docs.drawing COMMAND "${Python3_EXECUTABLE}" "${document_tests}/drawing_test.py")
+add_test(NAME docs.platform COMMAND "${Python3_EXECUTABLE}" "${document_tests}/platform_test.py")
 add_test(NAME docs.links COMMAND "${Python3_EXECUTABLE}" "${document_tests}/links_test.py")
-set(documents docs.markdown docs.drawing docs.links)
+set(documents docs.markdown docs.drawing docs.platform docs.links)
 
 # Natively alone: the words are the same in every build.
 if(TARGET orvane-sim AND NOT ORVANE_SANITIZED AND NOT ORVANE_COVERAGE)

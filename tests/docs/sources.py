@@ -1,4 +1,4 @@
-"""What is read out of the host's sources: the texts that they hold, and what they include."""
+"""What is read out of the host's sources: the texts that they hold, what they include, and their code."""
 import re
 
 TOKEN = re.compile(
@@ -44,3 +44,9 @@ def source_files(folder):
 
 def read_includes(path):
     return INCLUDE.findall(path.read_text(encoding="utf-8"))
+
+
+def read_code(path):
+    """A source without its comments and texts."""
+    return "".join(" " if token.group("comment") or token.group("text") else token.group(0)
+                   for token in TOKEN.finditer(path.read_text(encoding="utf-8")))
