@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""orvane.exe under Wine beside a program that does nothing: its start, its memory at rest, and what
+"""orvane.exe under Wine beside a program that only shows a window: its start, its memory at rest, and what
 its file is made of. How it is called and what it writes is told in ../report.py."""
 import argparse
 import json
@@ -101,7 +101,7 @@ def measure_runs(work, is_brief):
         host = started_at_rest(session, session.folder / "orvane.exe", environment, signal.is_file)
     idle_start, host_start = (statistics.median(times) for times in zip(*starts))
     return [
-        {"name": "start to the message loop, beside a program that does nothing", "value": host_start / idle_start,
+        {"name": "start to the message loop, beside a program that only shows a window", "value": host_start / idle_start,
          "limit": START_LIMIT, "unit": "times"},
         {"name": "the start itself", "value": round(host_start), "limit": None, "unit": "µs"},
         {"name": "private memory at rest, over that program's", "value": host - idle, "limit": MEMORY_LIMIT_BYTES,
@@ -111,7 +111,7 @@ def measure_runs(work, is_brief):
 
 
 def time_starts(session, environment, rounds):
-    """Pairs of microseconds: the program that does nothing, and the host."""
+    """Pairs of microseconds: the program that only shows a window, and the host."""
     folder = session.folder
     command = ["wine", str(folder / "stopwatch.exe"), str(rounds),
                *(processes.windows_path(folder / name) for name in ("idle.exe", "orvane.exe"))]
@@ -168,7 +168,7 @@ def origin_of(source):
 
 
 def main():
-    parser = argparse.ArgumentParser(description="The program under Wine beside one that does nothing.")
+    parser = argparse.ArgumentParser(description="The program under Wine beside one that only shows a window.")
     parser.add_argument("--build", type=Path, required=True)
     parser.add_argument("--out", type=Path, required=True)
     parser.add_argument("--brief", action="store_true")
