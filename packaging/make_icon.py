@@ -1,11 +1,8 @@
 #!/usr/bin/env python3
-"""Draws orvane.ico: a white ring on a green square with round corners.
-
-make_icon.py ICON [PNG_FOLDER]   (PNG_FOLDER: each size also as a picture to look at)
-"""
+"""Draws orvane.ico: a white ring on a green square with round corners."""
+import argparse
 import math
 import struct
-import sys
 import zlib
 from pathlib import Path
 
@@ -85,13 +82,15 @@ def as_icon(pictures):
 
 
 def main():
-    if len(sys.argv) not in (2, 3):
-        sys.exit(__doc__.strip())
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("icon", type=Path, help="the file to write")
+    parser.add_argument("png_folder", type=Path, nargs="?", help="where each size goes, too, as a picture to look at")
+    arguments = parser.parse_args()
     pictures = [draw(side) for side in SIZES_PIXELS]
-    Path(sys.argv[1]).write_bytes(as_icon(pictures))
-    if len(sys.argv) == 3:
+    arguments.icon.write_bytes(as_icon(pictures))
+    if arguments.png_folder:
         for rows in pictures:
-            Path(sys.argv[2], f"orvane-{len(rows)}.png").write_bytes(as_png(rows))
+            (arguments.png_folder / f"orvane-{len(rows)}.png").write_bytes(as_png(rows))
 
 
 if __name__ == "__main__":

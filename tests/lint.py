@@ -1,12 +1,9 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy, cppcheck and the compiler's own analyzer over src/, several files at once. A file
-that was clean is looked at again only when it, what it includes, its command, the checks or the
-tool have changed.
-
-lint.py [--quick] BUILD_FOLDER [JOBS]   (a folder that Ninja has built; what was clean is noted in it)
-
---quick leaves out clang's analyzer, which takes as long as all the rest.
+"""Runs clang-tidy, cppcheck and the compiler's own analyzer over what ships, src/ and tools/, several
+files at once. A file that was clean is looked at again only when it, what it includes, its command,
+the checks or the tool have changed.
 """
+import argparse
 import concurrent.futures
 import hashlib
 import json
@@ -19,6 +16,7 @@ from pathlib import Path
 from typing import Callable, NamedTuple
 
 ROOT = Path(__file__).resolve().parent.parent
+FOLDERS = (ROOT / "src", ROOT / "tools")
 PROGRESS_SECONDS = 20
 
 TIDY_CHECKS = ROOT / ".clang-tidy"
@@ -124,30 +122,41 @@ def report_progress(done, count, since):
     return now
 
 
-def main():
-    words = [word for word in sys.argv[1:] if word != "--quick"]
-    if len(words) not in (1, 2):
-        sys.exit(__doc__.strip())
-    is_quick = len(words) < len(sys.argv) - 1
-    build = Path(words[0]).resolve()
-    jobs = int(words[1]) if len(words) == 2 else os.cpu_count() or 1
+def read_arguments():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("build", type=Path, help="a folder that Ninja has built; what was clean is noted in it")
+    parser.add_argument("jobs", type=int, nargs="?", default=os.cpu_count() or 1, help="how many at a time")
+    parser.add_argument("--quick", action="store_true",
+                        help="leave out clang's analyzer, which takes as long as all the rest")
+    return parser.parse_args()
+
+
+def read_entries(build):
+    """The compile commands of what ships."""
     commands = build / "compile_commands.json"
     if not commands.is_file():
         sys.exit(f"lint.py: {commands}: not there; configure that build first")
     entries = json.loads(commands.read_text())
-    entries = [entry for entry in entries if Path(entry["file"]).is_relative_to(ROOT / "src")]
+    entries = [entry for entry in entries if any(Path(entry["file"]).is_relative_to(folder) for folder in FOLDERS)]
     if not entries:
         sys.exit("no source to look at")
+    return entries
+
+
+def main():
+    arguments = read_arguments()
+    build = arguments.build.resolve()
+    entries = read_entries(build)
     clean = build / "lint"
     clean.mkdir(exist_ok=True)
     dependencies = read_dependencies(build)
-    looks = [(tool, entry) for tool in tools_for(build, words_of(entries[0])[0], is_quick) for entry in entries]
+    looks = [(tool, entry) for tool in tools_for(build, words_of(entries[0])[0], arguments.quick) for entry in entries]
     marks = [clean / fingerprint(build, tool, entry, dependencies) for tool, entry in looks]
     waiting = [number for number, mark in enumerate(marks) if not mark.exists()]
 
     failures = 0
     since = time.monotonic()
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         runs = {pool.submit(lint, build, *looks[number]): number for number in waiting}
         for done, run in enumerate(concurrent.futures.as_completed(runs), 1):
             if complaint := run.result():
