@@ -45,7 +45,9 @@ if(scenario_files)
     add_test(NAME reliability.long_life
              COMMAND "${Python3_EXECUTABLE}" "${reliability}/long_life.py" --program $<TARGET_FILE:orvane_long_life>
                      --calls 2000 ${memory_option})
-    add_test(NAME reliability.promises COMMAND "${Python3_EXECUTABLE}" "${reliability}/promises_test.py")
+    foreach(subject IN ITEMS promises variants)
+      add_test(NAME reliability.${subject} COMMAND "${Python3_EXECUTABLE}" "${reliability}/${subject}_test.py")
+    endforeach()
     set_tests_properties(reliability.sweep reliability.meddling reliability.long_life PROPERTIES TIMEOUT 600)
   endif()
   # Calls of the platform are counted, so one build shows them.

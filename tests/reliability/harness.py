@@ -1,4 +1,5 @@
 """Runs many variants on several cores, holds each to the promises, and says what broke."""
+import argparse
 import collections
 import json
 import multiprocessing
@@ -10,7 +11,7 @@ from typing import NamedTuple
 
 import chords
 from promises import Breach, Run, broken_promises, has_model_ended, has_script_ended, normal_form
-from runs import load_scenario, run_all
+from runs import BrokenSimulator, load_scenario, run_all
 
 ROOT = Path(__file__).resolve().parents[2]
 SCENARIOS = ROOT / "tests" / "scenarios"
@@ -18,6 +19,26 @@ SIMULATOR = ROOT / "build" / "native" / "bin" / "orvane-sim"
 CHUNK = 100  # variants per call of the simulator
 PROGRESS_SECONDS = 20
 SHOWN_EXAMPLES = 40
+
+
+def option_parser(description, counted):
+    """What both programs are told; `counted`: what a budget is of."""
+    parser = argparse.ArgumentParser(description=description, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--simulator", type=Path, default=SIMULATOR)
+    parser.add_argument("--folder", type=Path, default=SCENARIOS)
+    parser.add_argument("--budget", type=int, help=f"{counted} at most; all without it")
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--jobs", type=int, default=0, help="processes at a time; 0: one for each core")
+    return parser
+
+
+def perform(options, replay, play_all):
+    """The program's exit status."""
+    try:
+        return replay(options) if options.replay else play_all(options)
+    except BrokenSimulator as error:
+        print(f"orvane-sim: {error}", file=sys.stderr)
+        return 2
 
 
 class Variant(NamedTuple):

@@ -8,7 +8,6 @@ The shipped scenarios of the routes run once for the times at which they waited.
 these times, 1 ms behind, and in longer waits along the way, in one run each. A budget thins that by seed.
 Exit status: 0 when all promises held, 1 when one was broken, 2 when it can't be done.
 """
-import argparse
 import collections
 import json
 import random
@@ -17,7 +16,7 @@ from pathlib import Path
 
 import harness
 from harness import Variant
-from runs import BrokenSimulator, deep_copy, load_scenario
+from runs import deep_copy, load_scenario
 from sweep import check_baselines, choose_files, show
 from traces import ACTIVATE, DELIVER
 
@@ -208,24 +207,14 @@ def replay(options):
 
 
 def read_options():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--simulator", type=Path, default=harness.SIMULATOR)
-    parser.add_argument("--folder", type=Path, default=harness.SCENARIOS)
-    parser.add_argument("--budget", type=int, help="runs at most; all without it")
-    parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--jobs", type=int, default=0, help="processes at a time; 0: one for each core")
+    parser = harness.option_parser(__doc__, "runs")
     parser.add_argument("--by-action", action="store_true", help="print how many runs each action got")
     parser.add_argument("--replay", metavar="FILE|MS|ACTION")
     return parser.parse_args()
 
 
 def main():
-    options = read_options()
-    try:
-        return replay(options) if options.replay else meddle(options)
-    except BrokenSimulator as error:
-        print(f"orvane-sim: {error}", file=sys.stderr)
-        return 2
+    return harness.perform(read_options(), replay, meddle)
 
 
 if __name__ == "__main__":

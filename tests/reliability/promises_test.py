@@ -4,101 +4,12 @@ import copy
 import unittest
 
 import chords
-import failing_ways
-import long_life
 import meddling
 import sweep
-from promises import CHECKS, Run, broken_promises, has_model_ended, has_script_ended
-from traces import DELIVERED, EXPERIMENTAL_PASS, EXPERIMENTAL_STOP, UNVERIFIED
-
-PROMPT = "What may a landlord keep of the deposit?"
-HANDLE = chords.FIRST_HANDLE
-CLEAN_LIVE = {"comReferences": 0, "openClipboard": 0, "processHandles": 0, "threadInputs": 0}
-
-
-def call(method, **arguments):
-    return {"call": {"channel": "orvane/browser", "method": method, "arguments": arguments}}
-
-
-def scenario_of(*steps):
-    page = [{"id": "composer", "type": "edit", "name": "Message", "value": ""},
-            {"id": "sent", "type": "text", "name": "You said", "value": ""},
-            {"id": "send", "type": "button", "name": "Send message"}]
-    tabs = [{"title": "News", "address": "https://news.example/", "selected": True},
-            {"title": "Chat", "address": "https://chat.example/", "page": page,
-             "rules": [{"on": {"key": "Enter"}, "do": [{"copyValue": {"from": "composer", "to": "sent"}}]}]}]
-    windows = [{"id": "chat", "process": "chrome.exe", "tabs": tabs}, {"id": "mail", "process": "mail.exe"}]
-    return {"desktop": {"windows": windows, "clipboard": {"text": PROMPT}}, "steps": list(steps)}
-
-
-def reply_of(method, value, steps=(), as_name="0", start=0, end=5000):
-    value = dict(value, logs=[{"step": name, "result": result} for name, result, _ in steps])
-    return {"as": as_name, "method": method, "kind": "success", "value": value, "error": None, "startMs": start,
-            "endMs": end, "stepMs": [ms for _, _, ms in steps]}
-
-
-def report_of(*replies, keys=(), invoked=None, selected=0):
-    return {
-        "name": "", "exitCode": 0, "replies": list(replies), "toInterface": [], "stderr": [], "input": list(keys),
-        "desktop": {"tabs": {"chat": {"titles": ["News", "Chat"], "selected": selected}}, "values": {},
-                    "invoked": invoked or {}, "clipboard": {"text": PROMPT, "html": None, "sequence": 1}},
-        "live": dict(CLEAN_LIVE),
-    }
-
-
-def key_events(events, ms, window="chat", element="composer"):
-    return [{"ms": ms, "window": window, "element": element, "vk": key, "up": is_up, "batch": 1}
-            for key, is_up in events]
-
-
-DELIVERY_KEYS = (*key_events(chords.SELECT_ALL, 700), *key_events(chords.PASTE, 800), *key_events(chords.ENTER, 1000))
-
-
-def delivery_steps(*behind_paste, context=HANDLE):
-    return [
-        ("Foreground Verification", "PASS: foreground HWND matches activated AI window", 260),
-        ("Dispatch Context", f"Provider=Grok; foreground HWND={context}; expected HWND={context}", 260),
-        ("Prompt Box Readiness", "PASS: verified", 500),
-        ("Focus Input", "PASS: stable verified lower-page AI prompt box focused", 500),
-        ("Clear Existing Draft", "PASS: Ctrl+A sent before paste", 700),
-        ("Paste", "PASS: existing draft replaced with current prompt", 800),
-        *behind_paste,
-    ]
-
-
-ENTER_SENT = ("Send", "PASS: Enter sent to verified AI input", 1000)
-ENDED_WELL = (("Result", "PASS: activation, foreground, paste, and submit completed", 2000),
-              ("Timing Submit Total", "2000 ms", 2000))
-ENDED_BADLY = (("Result", "FAIL/UNVERIFIED: submit did not pass verification; page left untouched", 2000),
-               ("Timing Submit Total", "2000 ms", 2000))
-
-
-def grok_run(steps=None, keys=DELIVERY_KEYS, success=True, message=DELIVERED, **more):
-    steps = delivery_steps(ENTER_SENT, *ENDED_WELL) if steps is None else steps
-    reply = reply_of("pasteAndSubmit", {"success": success, "message": message}, steps)
-    return Run(scenario_of(call("pasteAndSubmit", name="Grok")), report_of(reply, keys=keys, **more))
-
-
-def activation_run(steps, success=False, selected=0):
-    value = {"success": success, "windowHandle": {"$int64": HANDLE}, "selectedTabIndex": 1}
-    return Run(scenario_of(call("activateProvider", name="Claude")),
-               report_of(reply_of("activateProvider", value, steps), selected=selected))
-
-
-def x_ray(index, is_selected, title="News"):
-    selected = "Y" if is_selected else "N"
-    text = (f"pass=1; browser#=1; hwnd=0x{HANDLE:x}; index={index}; selected={selected}; uiaSelected=Y; "
-            f'windowTitleSelected=N; offscreen=N; title="{title}"; automationId=""')
-    return "X-Ray tab", text, 0
-
-
-CLAUDE_REFUSED = [
-    x_ray(0, True), x_ray(1, False), ("Tab selection", "PASS", 100),
-    ("Claude final identity", "FAIL: selected Claude page is not a usable chat/composer URL", 200),
-    ("Claude final restoration", "PASS: original tab restored", 300),
-    ("Foreground", "BLOCKED: provider identity was not verified", 400),
-    ("Result", "Activation failed", 400), ("Timing activation total", "400 ms", 400),
-]
+from made_up_runs import (CLAUDE_REFUSED, CLEAN_LIVE, DELIVERY_KEYS, ENDED_BADLY, ENDED_WELL, ENTER_SENT, HANDLE, PROMPT,
+                          activation_run, delivery_steps, grok_run, key_events, x_ray)
+from promises import CHECKS, broken_promises, has_model_ended, has_script_ended
+from traces import EXPERIMENTAL_PASS, EXPERIMENTAL_STOP, UNVERIFIED
 
 
 class PromisesTest(unittest.TestCase):
@@ -324,91 +235,6 @@ class PromisesTest(unittest.TestCase):
         self.assertHolds(excused)
         self.assertBreaks("nothing is held at the end",
                           excused._replace(faults=(sweep.make_fault("CloseHandle", 2, 0),)))
-
-
-class SweepTest(unittest.TestCase):
-    COUNTS = {"a.json": {"SendInput": 2, "IsWindow": 3}, "b.json": {"IUIAutomationElement::FindAll": 1}}
-
-    def test_EveryVariant_IsEachCallInEachWay(self):
-        send_ways = len(failing_ways.CALLS["SendInput"].ways)
-        self.assertEqual(len(sweep.every_variant(self.COUNTS["a.json"])), 2 * send_ways + 3)
-        self.assertEqual(sweep.count_variants(self.COUNTS), 2 * send_ways + 3 + 4)
-        self.assertEqual({variant.key for variant in sweep.every_variant(self.COUNTS["b.json"])}, {
-            f"IUIAutomationElement::FindAll|1|{way}" for way in ("0x80004005", "0x80040201", "0x80010108", "null")})
-
-    def test_Budget_TakesEachCallAndWayFirst(self):
-        variants = sweep.some_variants(self.COUNTS, 10, sweep.random.Random(1))
-        faults = [fault for found in variants.values() for one in found for fault in one.faults]
-        chosen = {(fault["call"], fault["result"]) for fault in faults}
-        self.assertEqual(chosen, {(call, way) for calls in self.COUNTS.values() for call in calls
-                                  for way in failing_ways.CALLS[call].ways})
-
-    def test_Results_ReadBackAsTheyWereWritten(self):
-        for call_ways in failing_ways.CALLS.values():
-            for way in call_ways.ways:
-                self.assertEqual(sweep.result_value(sweep.result_text(way)), way)
-
-    def test_Tables_KnowEachCallOnce(self):
-        self.assertEqual(failing_ways.CALLS.keys() & failing_ways.UNFAILING.keys(), set())
-        self.assertEqual(failing_ways.unknown_calls(["Sleep", "SendInput", "NoSuchCall"]), ["NoSuchCall"])
-        self.assertTrue(all(reason for reason in failing_ways.UNFAILING.values()))
-
-
-class LongLifeTest(unittest.TestCase):
-    MEASURES = [{"held": {"hooks": 1}, "openFiles": 3, "residentKb": 8000, "inUseBytes": 2_000_000} for _ in range(5)]
-    END = {"exitCode": 0, "live": {"hooks": 0}, "differing": 0, "rounds": 9}
-
-    def grown(self, **more):
-        return [*self.MEASURES[:-1], self.MEASURES[-1] | more]
-
-    def test_Growth_IsSeen_WhereverItIs(self):
-        self.assertEqual(list(long_life.growth_faults(self.MEASURES, True)), [])
-        for more in ({"residentKb": 8600}, {"inUseBytes": 2_020_000}, {"openFiles": 4}, {"held": {"hooks": 2}}):
-            self.assertEqual(len(list(long_life.growth_faults(self.grown(**more), True))), 1, more)
-
-    def test_Memory_IsNotJudged_UnderAnInstrument(self):
-        self.assertEqual(list(long_life.growth_faults(self.grown(inUseBytes=9_000_000), False)), [])
-
-    def test_End_IsBroken_WhenSomethingIsHeldOrARoundDiffered(self):
-        self.assertEqual(list(long_life.end_faults(self.END)), [])
-        for change in ({"exitCode": 3}, {"live": {"hooks": 1}}, {"differing": 1}):
-            self.assertEqual(len(list(long_life.end_faults(self.END | change))), 1, change)
-
-    def test_FirstRounds_MustSucceed(self):
-        reply = {"as": "deliver-grok", "kind": "success", "value": {"success": False}}
-        self.assertEqual(len(list(long_life.first_use_faults([{"round": 1, "replies": [reply]}]))), 1)
-
-    def test_Pages_DontGrow(self):
-        steps = [action for window in long_life.make_scenario()["desktop"]["windows"] for tab in window.get("tabs", [])
-                 for rule in tab.get("rules", []) for action in rule["do"]]
-        self.assertTrue(steps)
-        self.assertFalse([action for action in steps if "add" in action or "remove" in action])
-
-
-class MeddlingTest(unittest.TestCase):
-    def test_Times_AreTheStepsAndJustBehind(self):
-        run = grok_run()
-        times = meddling.waiting_times(run.report)
-        for step_ms in (0, 260, 261, 500, 501, 700, 800, 1000, 1001, 2000, 5000):
-            self.assertIn(step_ms, times)
-        self.assertLessEqual(max(b - a for a, b in zip(times, times[1:])), meddling.LONGEST_UNSEEN_MS)
-
-    def test_Action_StandsAsARuleOfItsWindow(self):
-        scenario = meddling.with_bystander(scenario_of())
-        variant = meddling.make_variant("chat.selectTab1", "chat", 300)
-        rules = meddling.apply_meddling(scenario, variant)["desktop"]["windows"][0]["rules"]
-        self.assertEqual(rules, [{"on": {"time": 300}, "do": [{"selectTab": "Chat"}]}])
-        self.assertEqual(variant.meddling, ((300, "tab"),))
-
-    def test_Actions_TellWhoMovesTheForeground(self):
-        actions = meddling.every_action(meddling.with_bystander(scenario_of()))
-        kinds = {name: meddling.kind_of(name, where) for name, (where, _) in actions.items()}
-        self.assertEqual(kinds["foreground"], "foreground")
-        self.assertEqual(kinds["chat.foreground"], "foreground")
-        self.assertEqual(kinds["chat.closeWindow"], "foreground")
-        self.assertEqual(kinds["chat.minimize"], "foreground")
-        self.assertEqual(kinds["clipboardLocked"], "clipboard")
-        self.assertEqual(kinds["chat.type:composer"], "tab")
 
 
 if __name__ == "__main__":

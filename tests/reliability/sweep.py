@@ -8,7 +8,6 @@ Each scenario runs once for its calls. Then the 1st, 2nd, … n-th call of each 
 A budget thins that, spread over operations and scenarios; pairs are two such faults in one run, chosen by seed.
 Exit status: 0 when all promises held, 1 when one was broken, 2 when the sweep itself can't be done.
 """
-import argparse
 import collections
 import json
 import random
@@ -21,7 +20,7 @@ import harness
 from failing_ways import CALLS, unknown_calls
 from harness import Variant
 from promises import Run, broken_promises, has_model_ended, has_script_ended
-from runs import BrokenSimulator, load_scenario, run_all, with_faults
+from runs import load_scenario, run_all, with_faults
 
 # With a budget: so many scenarios take part that each can have about this many faults.
 FAULTS_PER_SCENARIO = 10
@@ -177,25 +176,15 @@ def show(simulator, scenario, variant, faults, meddling):
 
 
 def read_options():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--simulator", type=Path, default=harness.SIMULATOR)
-    parser.add_argument("--folder", type=Path, default=harness.SCENARIOS)
-    parser.add_argument("--budget", type=int, help="faults at most; all without it")
+    parser = harness.option_parser(__doc__, "faults")
     parser.add_argument("--pairs", type=int, default=0, help="runs with two faults")
-    parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--jobs", type=int, default=0, help="processes at a time; 0: one for each core")
     parser.add_argument("--by-call", action="store_true", help="print how many faults each call got")
     parser.add_argument("--replay", metavar="FILE|CALL|NTH|RESULT")
     return parser.parse_args()
 
 
 def main():
-    options = read_options()
-    try:
-        return replay(options) if options.replay else sweep(options)
-    except BrokenSimulator as error:
-        print(f"orvane-sim: {error}", file=sys.stderr)
-        return 2
+    return harness.perform(read_options(), replay, sweep)
 
 
 if __name__ == "__main__":
