@@ -9,7 +9,6 @@ Exit status: 0 when all that holds, 1 when not, 2 when it can't be played.
 """
 import argparse
 import json
-import signal
 import sys
 import time
 from pathlib import Path
@@ -17,6 +16,7 @@ from pathlib import Path
 TESTS = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(TESTS / "e2e"))
 
+from driver import processes
 from driver.prefix import PrefixError
 from driver.run import Programs, RunError
 from driver.screen import ScreenError
@@ -127,10 +127,6 @@ def play(programs, deliveries):
     return report, watch.samples
 
 
-def end_by_signal(number, _):
-    raise SystemExit(128 + number)
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--deliveries", type=int, default=200)
@@ -139,10 +135,8 @@ def main():
     options = parser.parse_args()
     if options.deliveries <= SETTLED_DELIVERIES:
         parser.error(f"--deliveries begins at {SETTLED_DELIVERIES + 1}")
-    signal.signal(signal.SIGTERM, end_by_signal)
-    build = options.build.resolve()
-    programs = Programs(host=build / "windows" / "bin" / "orvane.exe", standins=build / "standins" / "bin",
-                        simulator=build / "native" / "bin" / "orvane-sim", work=(options.work or build / "e2e").resolve())
+    processes.end_on_signal()
+    programs = Programs.of_builds(options.build, options.work)
     try:
         report, samples = play(programs, options.deliveries)
     except (PrefixError, RunError, ScreenError) as error:

@@ -1,13 +1,12 @@
 """The command line."""
 import argparse
 import json
-import signal
 import subprocess
 import sys
 import time
 from pathlib import Path
 
-from driver import contract, simulation
+from driver import contract, processes, simulation
 from driver.compare import differences
 from driver.prefix import PrefixError
 from driver.run import Programs, RunError, Session
@@ -158,10 +157,6 @@ def check_files(programs, files):
     return next((f"{file}: isn't there" for file in needed if not file.is_file()), None)
 
 
-def end_by_signal(number, _):
-    raise SystemExit(128 + number)
-
-
 def perform(programs, files, options):
     if options.show:
         return show(programs, files[0], options)
@@ -178,10 +173,8 @@ def perform(programs, files, options):
 
 def main():
     options = arguments()
-    signal.signal(signal.SIGTERM, end_by_signal)
-    build = options.build.resolve()
-    programs = Programs(host=build / "windows" / "bin" / "orvane.exe", standins=build / "standins" / "bin",
-                        simulator=build / "native" / "bin" / "orvane-sim", work=(options.work or build / "e2e").resolve())
+    processes.end_on_signal()
+    programs = Programs.of_builds(options.build, options.work)
     files = [file.resolve() for file in (shipped() if options.all else []) + options.scenarios]
     problem = check_files(programs, files)
     if problem is not None:

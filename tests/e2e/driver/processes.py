@@ -22,6 +22,14 @@ def end(process):
             continue
 
 
+def end_on_signal():
+    """From now on a request to end this program ends what it started, too, as any way out of it does."""
+    def leave(number, _):
+        raise SystemExit(128 + number)
+
+    signal.signal(signal.SIGTERM, leave)
+
+
 def windows_path(path):
     """A path of this machine as a program under Wine names it."""
     return "Z:" + str(path).replace("/", "\\")

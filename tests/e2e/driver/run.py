@@ -31,6 +31,13 @@ class Programs:
     simulator: Path
     work: Path
 
+    @classmethod
+    def of_builds(cls, builds, work=None):
+        """Those of a folder of builds; what runs leave goes to its e2e where nobody says another folder."""
+        builds = builds.resolve()
+        return cls(host=builds / "windows" / "bin" / "orvane.exe", standins=builds / "standins" / "bin",
+                   simulator=builds / "native" / "bin" / "orvane-sim", work=(work or builds / "e2e").resolve())
+
 
 def groups_of(windows):
     """The image names of the processes that own a scenario's windows, in the order of their first windows."""
@@ -78,11 +85,8 @@ class Session:
 
     def play(self, file, seconds, picture=None):
         """The report of one scenario. `seconds`: its virtual time. `picture`: where to leave a picture of its end."""
-        scenario = json.loads(Path(file).read_text(encoding="utf-8"))
-        try:
-            return self._play(Path(file).resolve(), scenario, seconds, picture)
-        finally:
-            self._end_started()
+        return self._play(Path(file).resolve(), seconds,
+                          None if picture is None else lambda: self._display.take_picture(picture))
 
     def run_program(self, command, seconds):
         """Runs a Windows program to its end: exit code, null when it had to be ended, and output."""
@@ -100,21 +104,29 @@ class Session:
                 self._end_started()
         return exit_code, log.read_bytes().decode(errors="replace").replace("\r\n", "\n")
 
-    def _play(self, file, scenario, seconds, picture):
-        desktop = scenario.get("desktop", {})
-        images = groups_of(desktop.get("windows", []))
+    def _play(self, file, seconds, at_end):
+        """`at_end`: a function without parameters, for which the host waits behind its last step; or nothing."""
+        scenario = json.loads(file.read_text(encoding="utf-8"))
+        try:
+            return self._play_scenario(file, scenario, seconds, at_end)
+        finally:
+            self._end_started()
+
+    def _play_scenario(self, file, scenario, seconds, at_end):
+        images = groups_of(scenario.get("desktop", {}).get("windows", []))
         self._lay_out(images)
         files = {name: self._folder / name for name in ("report.json", "signal", "stderr.txt")}
         environment = self.environment(ORVANE_SCENARIO=processes.windows_path(file),
                                        ORVANE_REPORT=processes.windows_path(files["report.json"]))
-        if picture is not None:
+        if at_end is not None:
             environment |= {"ORVANE_HOLD": "1", "ORVANE_SIGNAL": processes.windows_path(files["signal"])}
         self._set_scene(file)
         browsers = [self._start_browser(image, number, environment) for number, image in enumerate(images)]
         self._await_browsers(browsers)
-        exit_code = self._run_host(scenario.get("arguments", []), environment, files, seconds, picture)
+        host = self._start_host(scenario.get("arguments", []), environment, files["stderr.txt"])
+        self._see_through(host, files["signal"], time.monotonic() + seconds * 1.1 + EXTRA_SECONDS, at_end)
         self._await_end(browsers)
-        return self._read_report(files, exit_code)
+        return self._read_report(files, host.returncode)
 
     def _lay_out(self, images):
         shutil.rmtree(self._folder, ignore_errors=True)
@@ -158,20 +170,27 @@ class Session:
                         raise RunError(line or "a browser ended before its windows stood")
                     selector.unregister(key.fileobj)
 
-    def _run_host(self, arguments, environment, files, seconds, picture):
-        with open(files["stderr.txt"], "wb") as errors:
+    def _start_host(self, arguments, environment, error_file):
+        with open(error_file, "wb") as errors:
             host = processes.start(["wine", str(self._folder / "orvane.exe"), *arguments], env=environment,
                                    cwd=self._folder, stdout=subprocess.DEVNULL, stderr=errors)
-            self._started.append(host)
-            deadline = time.monotonic() + seconds * 1.1 + EXTRA_SECONDS
-            while host.poll() is None:
-                if picture is not None and files["signal"].is_file():
-                    self._display.take_picture(picture)
-                    files["signal"].unlink(missing_ok=True)
-                if time.monotonic() > deadline:
-                    raise RunError("the host didn't end in time")
-                time.sleep(POLL_SECONDS)
-        return host.returncode
+        self._started.append(host)
+        return host
+
+    def _see_through(self, host, signal, deadline, at_end):
+        """Waits until the host has ended. `signal` is the file that it leaves when it waits for `at_end`."""
+        while host.poll() is None:
+            self._look_on()
+            if at_end is not None and signal.is_file():
+                at_end()
+                at_end = None
+                signal.unlink(missing_ok=True)
+            if time.monotonic() > deadline:
+                raise RunError("the host didn't end in time")
+            time.sleep(POLL_SECONDS)
+
+    def _look_on(self):
+        """Is called again and again while the host runs."""
 
     @staticmethod
     def _await_end(browsers):

@@ -3,13 +3,12 @@ import contextlib
 import json
 import subprocess
 import sys
-import time
 import unittest
 from pathlib import Path
 
 from driver import processes
 from driver.compare import differences
-from driver.run import EXTRA_SECONDS, POLL_SECONDS, RunError, Session
+from driver.run import RunError, Session
 from driver.screen import Screen
 from driver.simulation import reports
 from real.pixels import Picture
@@ -29,7 +28,7 @@ class WatchedSession(Session):
     def __init__(self, programs, screen, say):
         super().__init__(programs, screen, say)
         self._more = {}
-        self._hands = {}
+        self._before = self._meanwhile = None
         self._host = None
 
     def environment(self, **more):
@@ -66,11 +65,11 @@ class WatchedSession(Session):
         """The report of one run. Each hand is a function without parameters; `meanwhile` is called again and
         again until it returns something; the host waits a while for what `at_end` does."""
         self._more = environment or {}
-        self._hands = {"before": before, "meanwhile": meanwhile, "at_end": at_end}
+        self._before, self._meanwhile = before, meanwhile
         try:
-            return self.play(file, seconds, picture=at_end)
+            return self._play(file.resolve(), seconds, at_end)
         finally:
-            self._more, self._hands = {}, {}
+            self._more, self._before, self._meanwhile = {}, None, None
 
     def windows(self):
         """What stands on the desktop, the uppermost window first, as another program sees it."""
@@ -101,31 +100,21 @@ class WatchedSession(Session):
         self._started.append(process)
         return process
 
-    def _run_host(self, arguments, environment, files, seconds, picture):
-        if self._hands["before"] is not None:
-            self._hands["before"]()
-        with open(files["stderr.txt"], "wb") as errors:
-            host = processes.start(["wine", str(self._folder / "orvane.exe"), *arguments], env=environment,
-                                   cwd=self._folder, stdout=subprocess.DEVNULL, stderr=errors)
-            self._started.append(host)
-            self._host = host
-            self._see_through(host, files["signal"], time.monotonic() + seconds + EXTRA_SECONDS)
-        return host.returncode
+    def _start_host(self, arguments, environment, error_file):
+        if self._before is not None:
+            self._before()
+        self._host = super()._start_host(arguments, environment, error_file)
+        return self._host
 
-    def _see_through(self, host, signal, deadline):
-        meanwhile, at_end = self._hands["meanwhile"], self._hands["at_end"]
-        while host.poll() is None:
-            if meanwhile is not None and meanwhile() is not None:
-                meanwhile = None
-            if at_end is not None and signal.is_file():
-                at_end()
-                at_end = None
-                signal.unlink(missing_ok=True)
-            if time.monotonic() > deadline:
-                raise RunError("the host didn't end in time")
-            time.sleep(POLL_SECONDS)
-        if at_end is not None:
+    def _see_through(self, host, signal, deadline, at_end):
+        awaited = [] if at_end is None else [at_end]
+        super()._see_through(host, signal, deadline, None if at_end is None else lambda: awaited.pop()())
+        if awaited:
             raise RunError("the host ended before its last step was done")
+
+    def _look_on(self):
+        if self._meanwhile is not None and self._meanwhile() is not None:
+            self._meanwhile = None
 
 
 class Stage:

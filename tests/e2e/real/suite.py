@@ -1,12 +1,12 @@
 """All tests of this folder, one after another, on displays that are shared by those of one scale."""
 import argparse
 import importlib
-import signal
 import sys
 import time
 import unittest
 from pathlib import Path
 
+from driver import processes
 from driver.prefix import PrefixError
 from driver.run import Programs, RunError
 from driver.screen import ScreenError
@@ -79,20 +79,14 @@ def run(programs, names=()):
     return result.testsRun - len(failed), len(failed)
 
 
-def end_by_signal(number, _):
-    raise SystemExit(128 + number)
-
-
 def main():
     parser = argparse.ArgumentParser(prog="python3 tests/e2e/real", description=__doc__)
     parser.add_argument("names", nargs="*", metavar="NAME", help="a part of the names of the tests to run; all without one")
     parser.add_argument("--build", type=Path, default=ROOT / "build", metavar="FOLDER", help="of the builds (build/)")
     parser.add_argument("--work", type=Path, metavar="FOLDER", help="for what runs leave (e2e of the builds)")
     options = parser.parse_args()
-    signal.signal(signal.SIGTERM, end_by_signal)
-    build = options.build.resolve()
-    programs = Programs(host=build / "windows" / "bin" / "orvane.exe", standins=build / "standins" / "bin",
-                        simulator=build / "native" / "bin" / "orvane-sim", work=(options.work or build / "e2e").resolve())
+    processes.end_on_signal()
+    programs = Programs.of_builds(options.build, options.work)
     try:
         passed, failed = run(programs, options.names)
     except (PrefixError, RunError, ScreenError) as error:
