@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 """The codec's speed: times as ratios to a peer's, to a copy of the tree and to a copy of the bytes,
 and what it allocates. How it is called and what it writes is told in report.py."""
-import argparse
 import json
 import statistics
 import subprocess
 import sys
 from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
+
+from part import option_parser, write_rows  # noqa: E402
 
 PAYLOADS = {
     "A": "a reply of 60 steps",
@@ -95,24 +98,20 @@ def make_rows(measured):
     return rows
 
 
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--build", type=Path, required=True)
-    parser.add_argument("--out", type=Path, required=True)
-    parser.add_argument("--brief", action="store_true")
-    parser.add_argument("--times", action="store_true", help="print the times themselves, in ns")
-    options = parser.parse_args()
-    try:
-        measured = run_benchmark(options.build, options.brief)
-    except Failure as failure:
-        print(f"codec: {failure}", file=sys.stderr)
-        return 1
+def measure(options):
+    measured = run_benchmark(options.build, options.brief)
     if options.times:
         for name, (nanoseconds, allocations) in sorted(measured.items()):
             print(f"{name:<24}{nanoseconds:>14,.0f} ns{allocations:>8} allocations")
-    options.out.write_text(json.dumps({"rows": make_rows(measured)}) + "\n", encoding="utf-8")
-    return 0
+    return make_rows(measured)
+
+
+def main():
+    parser = option_parser(__doc__)
+    parser.add_argument("--times", action="store_true", help="print the times themselves, in ns")
+    options = parser.parse_args()
+    write_rows("codec", options, lambda: measure(options), Failure)
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    main()

@@ -1,19 +1,18 @@
 #!/usr/bin/env python3
 """Deliveries of orvane.exe under Wine: the real time over the sum of the waits that each must make,
 and what the rest is made of. How it is called and what it writes is told in ../report.py."""
-import argparse
-import json
 import statistics
 import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+sys.path[:0] = [str(ROOT / "tests" / "e2e"), str(ROOT / "benchmarks")]
 
 from driver import simulation  # noqa: E402
 from driver.prefix import PrefixError  # noqa: E402
 from driver.run import Programs, RunError, Session  # noqa: E402
 from driver.screen import Screen, ScreenError  # noqa: E402
+from part import option_parser, write_rows  # noqa: E402
 
 BUILDS = ROOT / "build"
 SCENARIOS = ROOT / "tests" / "scenarios"
@@ -61,8 +60,7 @@ def rows_of(route, expected, virtual, real):
 
 
 def measure(is_brief):
-    programs = Programs(host=BUILDS / "windows" / "bin" / "orvane.exe", standins=BUILDS / "standins" / "bin",
-                        simulator=BUILDS / "native" / "bin" / "orvane-sim", work=BUILDS / "bench-program")
+    programs = Programs.of_builds(BUILDS, BUILDS / "bench-program")
     files = {route: SCENARIOS / name for route, name in ROUTES.items()}
     reports = dict(zip(files, simulation.reports(programs.simulator, list(files.values()))))
     rows = []
@@ -75,16 +73,9 @@ def measure(is_brief):
 
 
 def main():
-    parser = argparse.ArgumentParser(description="Deliveries of the program itself.")
-    parser.add_argument("--build", type=Path, required=True)
-    parser.add_argument("--out", type=Path, required=True)
-    parser.add_argument("--brief", action="store_true")
-    options = parser.parse_args()
-    try:
-        rows = measure(options.brief)
-    except (Failure, PrefixError, RunError, ScreenError, simulation.SimulationError, OSError) as failure:
-        sys.exit(f"delivery: {failure}")
-    options.out.write_text(json.dumps({"rows": rows}, indent=2) + "\n", encoding="utf-8")
+    options = option_parser(__doc__).parse_args()
+    write_rows("delivery", options, lambda: measure(options.brief),
+               (Failure, PrefixError, RunError, ScreenError, simulation.SimulationError, OSError))
 
 
 if __name__ == "__main__":

@@ -7,7 +7,6 @@ the smallest size, n being counted from there, and b is the slope of the least s
 the larger sizes, those from a hundredth of the largest on. Counts repeat exactly, so a brief run has smaller sizes and
 the same limit. How it is called and what it writes is told in report.py.
 """
-import argparse
 import json
 import math
 import subprocess
@@ -15,8 +14,11 @@ import sys
 import tempfile
 from pathlib import Path
 
-from instructions import Reader
-from worlds import WORLDS
+sys.path.insert(0, str(Path(__file__).resolve().parents[1]))
+
+from instructions import Reader  # noqa: E402
+from part import option_parser, write_rows  # noqa: E402
+from worlds import WORLDS  # noqa: E402
 
 LIMIT = 1.05
 FITTED_FROM = 100
@@ -85,16 +87,8 @@ def measure(build, is_brief):
 
 
 def main():
-    parser = argparse.ArgumentParser(description="How the host's instructions grow.")
-    parser.add_argument("--build", type=Path, required=True)
-    parser.add_argument("--out", type=Path, required=True)
-    parser.add_argument("--brief", action="store_true")
-    options = parser.parse_args()
-    try:
-        rows = measure(options.build.resolve(), options.brief)
-    except (Failure, OSError, ValueError) as failure:
-        sys.exit(f"growth: {failure}")
-    options.out.write_text(json.dumps({"rows": rows}, indent=2) + "\n", encoding="utf-8")
+    options = option_parser(__doc__).parse_args()
+    write_rows("growth", options, lambda: measure(options.build.resolve(), options.brief), (Failure, OSError, ValueError))
 
 
 if __name__ == "__main__":

@@ -1,7 +1,6 @@
 #!/usr/bin/env python3
 """orvane.exe under Wine beside a program that only shows a window: its start, its memory at rest, and what
 its file is made of. How it is called and what it writes is told in ../report.py."""
-import argparse
 import json
 import re
 import shutil
@@ -12,12 +11,13 @@ import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "tests" / "e2e"))
+sys.path[:0] = [str(ROOT / "tests" / "e2e"), str(ROOT / "benchmarks")]
 
 from driver import processes  # noqa: E402
 from driver.prefix import PrefixError  # noqa: E402
 from driver.run import Programs, RunError, Session  # noqa: E402
 from driver.screen import Screen, ScreenError  # noqa: E402
+from part import option_parser, write_rows  # noqa: E402
 
 BUILDS = ROOT / "build"
 START_LIMIT = 1.3
@@ -82,8 +82,7 @@ class MeasuredSession(Session):
 
 def measure_runs(work, is_brief):
     windows = BUILDS / "windows" / "bin"
-    programs = Programs(host=windows / "orvane.exe", standins=BUILDS / "standins" / "bin",
-                        simulator=BUILDS / "native" / "bin" / "orvane-sim", work=work)
+    programs = Programs.of_builds(BUILDS, work)
     work.mkdir(parents=True, exist_ok=True)
     scenario = work / "rest.json"
     scenario.write_text(json.dumps({"name": "at rest", "desktop": {}, "steps": []}), encoding="utf-8")
@@ -168,17 +167,11 @@ def origin_of(source):
 
 
 def main():
-    parser = argparse.ArgumentParser(description="The program under Wine beside one that only shows a window.")
-    parser.add_argument("--build", type=Path, required=True)
-    parser.add_argument("--out", type=Path, required=True)
-    parser.add_argument("--brief", action="store_true")
-    options = parser.parse_args()
+    options = option_parser(__doc__).parse_args()
     work = BUILDS / "bench-program"
-    try:
-        rows = measure_runs(work, options.brief) + measure_file(BUILDS / "windows" / "bin" / "orvane.exe", work)
-    except (Failure, PrefixError, RunError, ScreenError, OSError, subprocess.CalledProcessError) as failure:
-        sys.exit(f"program: {failure}")
-    options.out.write_text(json.dumps({"rows": rows}, indent=2, ensure_ascii=False) + "\n", encoding="utf-8")
+    write_rows("program", options,
+               lambda: measure_runs(work, options.brief) + measure_file(BUILDS / "windows" / "bin" / "orvane.exe", work),
+               (Failure, PrefixError, RunError, ScreenError, OSError, subprocess.CalledProcessError))
 
 
 if __name__ == "__main__":
