@@ -102,11 +102,6 @@ def address():
     return address_search() + names_of_field() + texts_of_field()
 
 
-def no_address(fields, fitting):
-    """No field shows an address; `fitting` of them lie where an address bar may lie."""
-    return address_search() + fields * (names_of_field() + facts("BoundingRectangle")) + fitting * texts_of_field()
-
-
 def exact_host(hosts=1):
     """One host after the other, each with a look of its own."""
     return hosts * (calls("IsWindow") + session() + root() + address())

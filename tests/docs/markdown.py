@@ -5,7 +5,6 @@ import re
 SPAN = re.compile(r"`+")
 HEADING = re.compile(r"(#{1,6}) (.+?)$")
 RULE = re.compile(r"\|(?: ?:?-{3,}:? ?\|)+$")
-LINK = re.compile(r"\[([^\]]*)\]\([^)]*\)")
 
 
 class DocumentError(Exception):
@@ -132,11 +131,6 @@ def code_of(cell, line):
     if not match:
         raise DocumentError(f"line {line}: {cell!r} must be one code span")
     return match.group(1)
-
-
-def plain_of(cell):
-    """A cell's words, its links by what they show."""
-    return LINK.sub(r"\1", cell)
 
 
 def require_columns(table, columns):

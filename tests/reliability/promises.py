@@ -17,7 +17,6 @@ SCRIPT_ENDED = "a step acts on the window"
 START_FAILED = 1
 # The longest branch takes about 27 s, all others together less.
 LONGEST_CALL_MS = 28_000
-BROWSER_METHODS = {"activateProvider", "pasteAndSubmit"}
 CLIPBOARD_WRITERS = {"writeOrvaneDraftClipboard"}
 
 

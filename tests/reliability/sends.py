@@ -39,7 +39,7 @@ def _retry_breaches(reply, steps):
             yield f"{reply['as']}: a retry although {name!r} says {step_named(steps, name).result!r}"
 
 
-def _call_breaches(run, reply, enters):
+def _call_breaches(reply, enters):
     steps = steps_of(reply)
     names = [step.name for step in steps if step.opens(INVOKED)]
     first_invocations = sum(name in BUTTON_STEPS for name in names)
@@ -132,6 +132,6 @@ def send_breaches(run):
     enters = _enters_by_call(run)
     deliveries = replies_of(run, DELIVER)
     for reply in deliveries:
-        yield from _call_breaches(run, reply, enters.get(reply["as"], 0))
+        yield from _call_breaches(reply, enters.get(reply["as"], 0))
     if deliveries:
         yield from _invocation_breaches(run)

@@ -34,22 +34,11 @@ def encoded(content):
     return base64.b64encode(content).decode()
 
 
-class ClipboardTalk(WindowTalk):
-    """What is read from and written to a clipboard that begins with `clipboard`."""
-
-    def __init__(self, stem, name, clipboard=None, windows=(), folder="clipboard"):
-        super().__init__(folder, stem, name)
-        self.clipboard = clipboard
-        self.windows = windows
+class ClipboardQuestions:
+    """What a conversation over the window channel asks of the clipboard."""
 
     def read(self, html="", text=""):
         self.ask("readOrvaneDraftClipboard", ..., {"success": True, "html": html, "text": text})
-
-    def read_fails(self):
-        self.ask("readOrvaneDraftClipboard", ..., PLAIN_FAILURE)
-
-    def write(self, arguments, is_written=True):
-        self.ask("writeOrvaneDraftClipboard", arguments, {"success": is_written})
 
     def read_image(self, content=None):
         found = PLAIN_FAILURE if content is None else {"success": True, "bytes": {"$bytes": encoded(content)}}
@@ -57,6 +46,21 @@ class ClipboardTalk(WindowTalk):
 
     def sequence(self, number):
         self.ask("clipboardSequenceNumber", ..., {"success": True, "sequence": whole_number(number)})
+
+
+class ClipboardTalk(ClipboardQuestions, WindowTalk):
+    """What is read from and written to a clipboard that begins with `clipboard`."""
+
+    def __init__(self, stem, name, clipboard=None, windows=(), folder="clipboard"):
+        super().__init__(folder, stem, name)
+        self.clipboard = clipboard
+        self.windows = windows
+
+    def read_fails(self):
+        self.ask("readOrvaneDraftClipboard", ..., PLAIN_FAILURE)
+
+    def write(self, arguments, is_written=True):
+        self.ask("writeOrvaneDraftClipboard", arguments, {"success": is_written})
 
     def lock(self, window_id, **content):
         self.do({"do": [{"clipboard": {**content, "lockedBy": window_id}}]})

@@ -11,6 +11,7 @@ VK_RETURN, VK_CONTROL, VK_A, VK_V = 13, 17, 65, 86
 NOTHING_HELD = {
     "comReferences": 0, "bstrs": 0, "variants": 0, "globalBlocks": 0, "menus": 0,
     "gdiObjects": 0, "processHandles": 0, "threadInputs": 0, "hooks": 0, "openClipboard": 0,
+    "taskStrings": 0,
 }
 
 E_FAIL = "0x80004005"

@@ -1,18 +1,17 @@
 """A day with the desk: the main window as a strip, its backdrop, menus, the clipboard, spelling and a provider's page,
 all on one desktop, each step leaving what the next one finds."""
 from .backdrop import MAIN, Backdrop
-from .clipboard import encoded
+from .clipboard import ClipboardQuestions, encoded
 from .core import BROWSER_CHANNEL, call, user
 from .menus import NULL_MESSAGE, Menu
 from .monitors import FRAME_SIDE, frame_top, scaled
 from .placement import Placed
 from .window_talk import PLAIN_SUCCESS, merged, posted
-from .wire import whole_number
 
 SHOW_TOOL_BOX = 0x8153
 
 
-class Day(Backdrop):
+class Day(ClipboardQuestions, Backdrop):
     def __init__(self, stem, name, windows=(), monitors=None, foreground=..., clipboard=None, dictionary=None):
         super().__init__(stem, name, windows, monitors, foreground, folder="day")
         self.given = {**self.given, "clipboard": clipboard,
@@ -73,16 +72,6 @@ class Day(Backdrop):
 
     def write(self, text, html):
         self.ask("writeOrvaneDraftClipboard", {"text": text, "html": html}, PLAIN_SUCCESS)
-
-    def read(self, text, html):
-        self.ask("readOrvaneDraftClipboard", ..., {"success": True, "html": html, "text": text})
-
-    def sequence(self, number):
-        self.ask("clipboardSequenceNumber", ..., {"success": True, "sequence": whole_number(number)})
-
-    def picture(self, content=None):
-        self.ask("readClipboardImage", ..., {"success": False} if content is None
-                 else {"success": True, "bytes": {"$bytes": encoded(content)}})
 
     def spell(self, word):
         self.ask("checkSpelling", {"word": word, "language": "en-US"}, self.dictionary.verdict(word))

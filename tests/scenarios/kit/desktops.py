@@ -5,6 +5,10 @@ from .core import browser, button, edit, element, tab, text, window
 CHAT = "chat"
 
 
+def notes(identifier="notes", **facts):
+    return window(identifier, "notepad.exe", f"{identifier} - Notepad", (100, 100, 900, 700), **facts)
+
+
 def editor():
     return window(
         "editor", "Code.exe", "lease.md - notes - Visual Studio Code", (120, 60, 1500, 980),
@@ -59,9 +63,6 @@ def chat_browser(page_tab, process="chrome.exe", tabs_before=None, tabs_after=No
     before = [mail_tab()] if tabs_before is None else tabs_before
     after = [sleeping_tab()] if tabs_after is None else tabs_after
     return browser(CHAT, process, [*before, page_tab, *after], selected=len(before), **facts)
-
-
-CHAT_TAB_INDEX = 1
 
 
 def desk(chat_window):

@@ -1,5 +1,4 @@
 """Scenarios of the main window's place: each call is told to a model of the window too, and both must agree."""
-from .core import window
 from .menus import NOTHING_CHOSEN, NULL_MESSAGE, Menu, item
 from .placement import Placed, monitor
 from .window_calls import DONE, FAILED, MAIN, Talk, logical
@@ -8,10 +7,6 @@ SCREEN = [monitor((0, 0, 1920, 1080))]
 # Screens of one scale each, by dpi.
 SCREENS = {96: SCREEN, 120: [monitor((0, 0, 2560, 1440), 120)], 144: [monitor((0, 0, 2880, 1800), 144)],
            192: [monitor((0, 0, 3840, 2160), 192)]}
-
-
-def notes(identifier="notes", **facts):
-    return window(identifier, "notepad.exe", f"{identifier} - Notepad", (100, 100, 900, 700), **facts)
 
 
 class Geometry(Talk):

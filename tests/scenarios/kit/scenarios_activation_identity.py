@@ -146,7 +146,7 @@ def restorations():
 
 
 def chatgpt():
-    def run(file, *, passes, composer, address, page=(), company=False, **facts):
+    def run(file, *, passes, composer, address, page=(), **facts):
         search = Search("ChatGPT", address, page=page, **facts)
         search.selected().chatgpt_identity(passes=passes, composer=composer)
         if passes:

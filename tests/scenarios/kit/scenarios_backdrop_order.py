@@ -183,34 +183,44 @@ def restored():
     yield talk.made()
 
 
-def failures():
-    def broken(stem, name, failing, *acts, **more):
-        talk = Backdrop(f"failure-{stem}", name, [mail()])
-        for act in acts:
-            act(talk)
-        return talk.made([failing], **more)
+def broken(stem, name, failing, *acts, **more):
+    """What is done in turn while one call fails."""
+    talk = Backdrop(f"failure-{stem}", name, [mail()])
+    for act in acts:
+        act(talk)
+    return talk.made([failing], **more)
 
-    def fails(code=INTERNAL_ERROR):
+
+def works(talk):
+    talk.sync(appearance="White", height=180)
+
+
+def failing_with(code, call, result):
+    """The second such call, after the main window's: with an error that is told, or without one."""
+    return {**fault(call, result, nth=2), **({} if code == INTERNAL_ERROR else {"lastError": code})}
+
+
+def failures_to_make():
+    def fails(code):
         return lambda talk: talk.failed_sync(code)
 
-    def fails_where_it_is(code, **arguments):
-        def act(talk):
-            talk.failed_sync(code, talk.panel.bounds, talk.panel.visible, **arguments)
-        return act
-
-    def works(talk):
-        talk.sync(appearance="White", height=180)
-
-    # The main window's class and the main window come first.
     for code in (INTERNAL_ERROR, 8):
-        failing = {**fault("RegisterClassW", 0, nth=2), **({} if code == INTERNAL_ERROR else {"lastError": code})}
-        yield broken(f"no-class-{code}", "without its class there is none, and the next sync makes it", failing,
-                     fails(code), works, calls={"RegisterClassW": 3, "CreateWindowExW": 2})
+        yield broken(f"no-class-{code}", "without its class there is none, and the next sync makes it",
+                     failing_with(code, "RegisterClassW", 0), fails(code), works,
+                     calls={"RegisterClassW": 3, "CreateWindowExW": 2})
     for code in (INTERNAL_ERROR, 14):
-        failing = {**fault("CreateWindowExW", None, nth=2), **({} if code == INTERNAL_ERROR else {"lastError": code})}
-        yield broken(f"no-window-{code}", "without a window there is none, and the next sync makes it", failing,
-                     fails(code), works, calls={"RegisterClassW": 3, "CreateWindowExW": 3})
+        yield broken(f"no-window-{code}", "without a window there is none, and the next sync makes it",
+                     failing_with(code, "CreateWindowExW", None), fails(code), works,
+                     calls={"RegisterClassW": 3, "CreateWindowExW": 3})
 
+    # The class that was there already is as good as a new one.
+    talk = Backdrop("failure-class-exists-without-a-window", "a class that is said to exist leads on to the window")
+    talk.failed_sync(1407)
+    talk.sync()
+    yield talk.made([failing_with(1410, "RegisterClassW", 0)], calls={"RegisterClassW": 3, "CreateWindowExW": 3})
+
+
+def failures_of_a_new_one():
     def first_place_fails(talk):
         talk.create_hidden(180, 0xFFFFFF)
         talk.failed_sync(INTERNAL_ERROR, talk.panel.bounds, appearance="White", height=180)
@@ -228,6 +238,14 @@ def failures():
                  fault("SetWindowPos", False), reopen_of_a_new_one_fails,
                  calls={"SetWindowPos": 1, "InvalidateRect": 1})
 
+    talk = Backdrop("failure-keeps-colour-and-height", "a failed sync keeps the colour and the height it brought")
+    talk.create_hidden(333, 0x0F1403)
+    talk.failed_sync(INTERNAL_ERROR, talk.panel.bounds, height=333, appearance="Deep Green")
+    talk.post(RESTORE)
+    yield talk.made([fault("SetWindowPos", False)])
+
+
+def failures_to_move():
     def reset_fails(talk):
         talk.colour = 0x261406
         talk.failed_sync(INTERNAL_ERROR, talk.panel.bounds, True, resetHeight=1, height=400, appearance="Deep Blue")
@@ -244,23 +262,14 @@ def failures():
     yield broken("moved-but-not-shown", "a closed one that can't be put in its place stays hidden, no longer closed",
                  fault("SetWindowPos", False, nth=3), works, lambda talk: talk.close(), reopen_moves_only,
                  calls={"SetWindowPos": 3})
+
+    def stays(code):
+        return lambda talk: talk.failed_sync(code, talk.panel.bounds, talk.panel.visible, appearance="White")
+
     for code in (INTERNAL_ERROR, 5):
-        failing = {**fault("SetWindowPos", False, nth=2), **({} if code == INTERNAL_ERROR else {"lastError": code})}
-        yield broken(f"not-restacked-{code}", "a sync tells that the order couldn't be set", failing, works,
-                     fails_where_it_is(code, appearance="White"), lambda talk: talk.sync(appearance="White"))
-
-    talk = Backdrop("failure-keeps-colour-and-height", "a failed sync keeps the colour and the height it brought")
-    talk.create_hidden(333, 0x0F1403)
-    talk.failed_sync(INTERNAL_ERROR, talk.panel.bounds, height=333, appearance="Deep Green")
-    talk.post(RESTORE)
-    yield talk.made([fault("SetWindowPos", False)])
-
-    # The class that was there already is as good as a new one.
-    talk = Backdrop("failure-class-exists-without-a-window", "a class that is said to exist leads on to the window")
-    talk.failed_sync(1407)
-    talk.sync()
-    failing = {**fault("RegisterClassW", 0, nth=2), "lastError": 1410}
-    yield talk.made([failing], calls={"RegisterClassW": 3, "CreateWindowExW": 3})
+        yield broken(f"not-restacked-{code}", "a sync tells that the order couldn't be set",
+                     failing_with(code, "SetWindowPos", False), works, stays(code),
+                     lambda talk: talk.sync(appearance="White"))
 
 
 def looks():
@@ -273,5 +282,6 @@ def looks():
 
 
 def scenarios():
-    for part in (anchors, restacking, other_messages, restored, failures, looks):
+    for part in (anchors, restacking, other_messages, restored, failures_to_make, failures_of_a_new_one,
+                 failures_to_move, looks):
         yield from part()

@@ -200,6 +200,8 @@ def dragged():
     talk.sync(height=500, resetHeight=1, reopen=1)
     yield talk.made()
 
+
+def dragged_to_the_least():
     talk = Backdrop("least-size-when-dragged", "nobody drags it below its least size")
     talk.sync()
     talk.drag(50, 60, 70, 70)
@@ -211,6 +213,8 @@ def dragged():
     talk.drag(50, 60, 70, 70)
     yield talk.made(end={"windows": {PANEL: {"bounds": [50, 60, 370, 220]}}})
 
+
+def dragged_and_then():
     talk = Backdrop("painted-only-where-it-grows", "a smaller backdrop shows nothing new")
     talk.sync(appearance="Deep Blue")
     talk.drag(10, 676, 900, 760)
@@ -241,5 +245,6 @@ def dragged():
 
 
 def scenarios():
-    for part in (shapes, edges, screens, moves_between_screens, unreadable, dragged):
+    for part in (shapes, edges, screens, moves_between_screens, unreadable, dragged, dragged_to_the_least,
+                 dragged_and_then):
         yield from part()

@@ -1,7 +1,8 @@
 """Every method of the browser channel with right, missing and wrong arguments, and messages that are none."""
 from .channel import (BAD_ARGUMENTS, CHANNEL, NOT_IMPLEMENTED, PLAIN_FAILURE, WRONG_ARGUMENTS, Conversation,
                       byte_message, text_bytes)
-from .core import E_FAIL, button, close_window, edit, fault, tab, user, window
+from .core import E_FAIL, button, close_window, edit, fault, tab, user
+from .desktops import notes
 from .pages import CLAUDE
 
 INVALID_READ = "Invalid read in StandardCodecByteStreamReader"
@@ -13,10 +14,6 @@ ADDRESS = "https://example.org/rent?q=豆&n=1"
 
 def opened(file=ADDRESS):
     return {"owner": None, "verb": "open", "file": file, "parameters": None, "directory": None, "show": 1}
-
-
-def notes(identifier="notes", **facts):
-    return window(identifier, "notepad.exe", f"{identifier} - Notepad", (100, 100, 900, 700), **facts)
 
 
 def claude_window(extra=(), **facts):
@@ -69,7 +66,8 @@ def orvane_windows():
              {"SetForegroundWindow": 1, "ShowWindow": 2}),
             ("without-a-view", "without a view's window nothing is touched",
              fault("FlutterDesktopViewGetHWND", None, nth=2), {"SetForegroundWindow": 0, "ShowWindow": 1}),
-            ("of-a-dead-window", "a window that is no more is not touched", fault("IsWindow", False, nth=2),  # behind the foreground hook's
+            # The first is the foreground hook's.
+            ("of-a-dead-window", "a window that is no more is not touched", fault("IsWindow", False, nth=2),
              {"SetForegroundWindow": 0, "ShowWindow": 1})):
         talk = Conversation(f"activate-orvane-window-{file}", name)
         talk.do(user(foreground="notes"))
@@ -143,7 +141,6 @@ def state(observed, responding, detail):
     return {"observed": observed, "responding": responding, "detail": detail}
 
 
-SAME_WINDOW = "PASS: foreground HWND matches activated AI window"
 OTHER_WINDOW = "FAIL: foreground HWND does not match activated AI window"
 QUIET = state(True, False, "No visible AI responding control found")
 STOP = button("stop", CLAUDE.stop_name, (1310, 965, 1350, 1005))

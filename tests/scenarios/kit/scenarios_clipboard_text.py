@@ -138,10 +138,16 @@ def key_at(offset, first, key):
     return first + "x" * (offset - len(first)) + key + MARKED
 
 
-def reading_html():
-    far = GREATEST_KEY_OFFSET
-    start_line, end_line = "StartFragment:3\r\n", "EndFragment:6\r\n"
-    rows = (
+def read_blocks(rows):
+    """Of each block the fragment that is read."""
+    for stem, name, block, fragment in rows:
+        talk = ClipboardTalk(f"html-{stem}", name, {"text": "Text", "html": block})
+        talk.read(fragment, "Text")
+        yield talk.made(holds=holds("Text", block.removesuffix("\u0000"), 1))
+
+
+def html_offsets():
+    yield from read_blocks((
         ("offsets", "the bytes between the offsets are the fragment", placed(BODY_AT, BODY_AT + 3, "ABCDEF"),
          "ABC"),
         ("offsets-of-the-usual-block", "offsets 137 and 140 give three bytes",
@@ -165,6 +171,13 @@ def reading_html():
         ("blanks-and-a-sign", "blanks and a plus sign may stand before a number", with_offsets("  +0", "\t7", MARKED),
          "Version"),
         ("digits-then-words", "a number ends at its last digit", with_offsets("0x10", "7bytes", MARKED), "Version"),
+    ))
+
+
+def html_keys():
+    far = GREATEST_KEY_OFFSET
+    start_line, end_line = "StartFragment:3\r\n", "EndFragment:6\r\n"
+    yield from read_blocks((
         ("no-start-key", "without the start key the markers count", f"EndFragment:7\r\n{MARKED}", "inside"),
         ("no-end-key", "without the end key the markers count", f"StartFragment:0\r\n{MARKED}", "inside"),
         ("keys-in-lower-case", "the keys' case counts", f"startfragment:0\r\nendfragment:7\r\n{MARKED}", "inside"),
@@ -178,6 +191,11 @@ def reading_html():
         ("end-key-at-4096", "an end key at byte 4096 is still found", key_at(far, start_line, end_line), "rtF"),
         ("end-key-at-4097", "an end key behind byte 4096 is ignored", key_at(far + 1, start_line, end_line), "inside"),
         ("nothing", "without keys and markers there is no fragment", "<html><body>Hello</body></html>", ""),
+    ))
+
+
+def html_markers():
+    yield from read_blocks((
         ("markers", "markers alone are enough", MARKED, "inside"),
         ("markers-with-nothing-between", "nothing may stand between the markers",
          "<!--StartFragment--><!--EndFragment-->", ""),
@@ -191,6 +209,11 @@ def reading_html():
         ("no-start-marker", "without a start marker there is nothing", "a<!--EndFragment-->", ""),
         ("no-end-marker", "without an end marker there is nothing", "<!--StartFragment-->a", ""),
         ("markers-in-lower-case", "the markers' case counts", "<!--startfragment-->a<!--endfragment-->", ""),
+    ))
+
+
+def html_ends():
+    yield from read_blocks((
         ("a-zero-inside", "the block ends at its first zero", f"{with_offsets(0, 7, '')}\u0000{MARKED}", "Version"),
         ("a-zero-before-the-end", "an end behind the first zero is beyond the block",
          placed(BODY_AT, BODY_AT + len(MARKED) + 5, MARKED + "\u0000" + "y" * 30), "inside"),
@@ -200,11 +223,7 @@ def reading_html():
         ("one-byte", "a block of one byte is read", "x", ""),
         ("closing-zero", "a closing zero ends the block", html_block(b"abc").decode() + "\u0000", "abc"),
         ("any-script", "offsets count bytes", html_block("Größe 豆包 😀".encode()).decode(), "Größe 豆包 😀"),
-    )
-    for stem, name, block, fragment in rows:
-        talk = ClipboardTalk(f"html-{stem}", name, {"text": "Text", "html": block})
-        talk.read(fragment, "Text")
-        yield talk.made(holds=holds("Text", block.removesuffix("\u0000"), 1))
+    ))
 
     block = placed(BODY_AT, BODY_AT + 1, "é")
     talk = ClipboardTalk("html-cut-inside-a-character", "the bytes go out as they are, a cut character too",
@@ -288,5 +307,5 @@ def failed_reading():
 
 
 def scenarios():
-    for part in (writing, failed_writing, reading_html, reading_text, failed_reading):
+    for part in (writing, failed_writing, html_offsets, html_keys, html_markers, html_ends, reading_text, failed_reading):
         yield from part()

@@ -1,5 +1,6 @@
 """activateContentProcess: which window of which process comes to the front, and when the tool box is asked for."""
 from .core import fault, user, window
+from .desktops import notes
 from .placement import Placed, monitor
 from .window_calls import (DONE, FAILED, MAIN, MAIN_CLASS, NO_NUMBERS, OTHER_INSTANCE, TOOL_BOX_MESSAGE, Talk, posted)
 
@@ -13,10 +14,6 @@ def instance(identifier="page", pid=PAGE_PID, **facts):
     """A window of another running copy of the program; content pages start off screen."""
     return window(identifier, OTHER_INSTANCE, "Orvane: The Desk for Every Assistant", facts.pop("bounds", PAGE_BOUNDS),
                   **{"pid": pid, "class": MAIN_CLASS, **facts})
-
-
-def notes(identifier="notes", **facts):
-    return window(identifier, "notepad.exe", f"{identifier} - Notepad", (100, 100, 900, 700), **facts)
 
 
 def activate(**arguments):

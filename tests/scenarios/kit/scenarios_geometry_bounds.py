@@ -1,6 +1,7 @@
 """setBounds: the form that a width gives, the rule that a height gives, and the sizes and edges that hold."""
 from .core import user
-from .geometry import SCREENS, Geometry, notes
+from .desktops import notes
+from .geometry import SCREENS, Geometry
 from .placement import monitor
 from .window_calls import MAIN
 

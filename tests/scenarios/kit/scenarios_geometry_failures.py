@@ -1,6 +1,7 @@
 """What comes of the window's place where a call of the platform fails, and of a window with the backdrop's mark."""
 from .core import fault, user
-from .geometry import SCREENS, Geometry, notes
+from .desktops import notes
+from .geometry import SCREENS, Geometry
 from .placement import fit
 from .window_calls import DONE, FAILED, MAIN, OTHER_INSTANCE
 

@@ -1,6 +1,7 @@
 """Reading the window's place and work area, and moves between monitors of one scale or several."""
 from .core import user
-from .geometry import SCREENS, Geometry, notes
+from .desktops import notes
+from .geometry import SCREENS, Geometry
 from .placement import monitor
 from .window_calls import MAIN, logical
 
@@ -150,6 +151,8 @@ def restores():
         geometry.set_bounds(x=30, y=30, width=640, height=470)
         yield geometry.end()
 
+
+def restores_by_screen():
     geometry = Geometry("restore-at-150-percent", "at 144 dpi a restore is 1650 by 1080 where there is room",
                         SCREENS[144])
     geometry.restore()
@@ -174,6 +177,8 @@ def restores():
         geometry.restore()
         yield geometry.end()
 
+
+def restores_by_state():
     geometry = Geometry("restore-of-an-iconic-window", "a restore brings a minimized window back")
     geometry.do(user(minimize=MAIN))
     geometry.restore()
@@ -200,5 +205,5 @@ def restores():
 
 
 def scenarios():
-    for part in (reads, edges_elsewhere, scales, restores):
+    for part in (reads, edges_elsewhere, scales, restores, restores_by_screen, restores_by_state):
         yield from part()

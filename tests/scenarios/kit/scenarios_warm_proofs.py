@@ -21,7 +21,7 @@ def attempt_ms(number):
     return READ_BACK_MS + (number - 1) * BETWEEN_MS
 
 
-def falls_back(activation, windows, *, address="", back=MAIL_BACK, original=SEEN_MAIL):
+def falls_back(activation, *, address="", back=MAIL_BACK, original=SEEN_MAIL):
     """The proof fails, the tab before is selected again and proves nothing either; the discovery finds the notes."""
     activation.warm_failed(address)
     activation.warm_restore(original, S_OK, back, INDEX_AND_TITLE, 0).warm_restored_verified(False, "")
@@ -40,7 +40,7 @@ def loading():
 
     late = on_select(NOTES, {"address": GEMINI_URL}, after=attempt_ms(25) + 1)
     windows = gemini_desk(mail_tab(), gemini_tab(address="", rules=[late]), report_tab())
-    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX), windows)
+    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX))
     yield warm_case("gemini-page-that-loads-behind-the-last-look-is-found-by-the-discovery", windows,
                     discovers_notes(activation, windows), memory(1), selected=BOTH, selections=3, foreground="work")
 
@@ -123,13 +123,13 @@ def unreadable():
     # The address that was read last is the one that is told, though later looks read none.
     elsewhere = "https://notes.example/plan"
     windows = gemini_desk(mail_tab(), gemini_tab(address=elsewhere), report_tab())
-    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX), windows, address=elsewhere)
+    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX), address=elsewhere)
     yield warm_case("gemini-last-address-that-was-read-is-told", windows, discovers_notes(activation, windows),
                     memory(1), selected=BOTH, selections=3, foreground="work",
                     faults=[fault(ROOT, E_FAIL, 4, 24, window="work")])
 
     windows = gemini_desk()
-    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX), windows)
+    activation = falls_back(selected_notes(begin(), REMEMBERED_INDEX))
     yield warm_case("gemini-root-that-always-fails-proves-nothing", windows, discovers_notes(activation, windows),
                     memory(1), selected=BOTH, selections=3, foreground="work",
                     faults=[fault(ROOT, E_FAIL, 3, VERIFICATION_ATTEMPTS, window="work")])

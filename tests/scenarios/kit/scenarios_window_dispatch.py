@@ -4,7 +4,7 @@ import struct
 from .channel import text_bytes
 from .core import ALWAYS, call, fault, user, window
 from .placement import Placed, monitor
-from .window_calls import (CHANNEL, DONE, FAILED, MAIN, NO_MAPS, NO_NUMBERS, Talk, logical, posted)
+from .window_calls import CHANNEL, DONE, FAILED, MAIN, NO_MAPS, NO_NUMBERS, Talk, logical, posted, slug
 
 SCREEN = [monitor((0, 0, 1920, 1080))]
 MAP_OF_OTHERS = {"other": 7, "Width": 640, "WORD": "teh", "Keys": "Win+D", "processid": 9, "": "x"}
@@ -20,10 +20,6 @@ METHODS = (
     "readClipboardImage", "openScreenCapture", "openTaskManager", "openCommandPromptAt", "openCommandWindow",
     "runBatchFile", "openTextFile", "sendWindowsHotKey", "sendNewLineToPreviousWindow", "showNativeHotKeysMenu",
     "minimizeWindow", "closeWindow", "beginWindowDrag", "setBounds", "emergencyRestore")
-
-
-def slug(method):
-    return "".join("-" + letter.lower() if letter.isupper() else letter for letter in method)
 
 
 def panel_reply():

@@ -1,7 +1,8 @@
 """The tools that the shell starts, and the window's own commands: minimize, close, drag."""
-from .core import ALWAYS, fault, user, window
+from .core import ALWAYS, fault, user
+from .desktops import notes
 from .placement import Placed, monitor
-from .window_calls import DONE, FAILED, MAIN, NO_TEXTS, Talk, logical, posted
+from .window_calls import DONE, FAILED, MAIN, NO_TEXTS, Talk, logical, posted, slug
 
 SCREEN = [monitor((0, 0, 1920, 1080))]
 WM_CLOSE, WM_SYSCOMMAND, MOVE_BY_CAPTION = 0x10, 0x112, 0xF012
@@ -42,10 +43,6 @@ LAUNCHERS = {
     "runBatchFile": ({"batchPath": "C:\\a.bat", "workingDirectory": "C:\\jobs"}, batch("C:\\a.bat", "C:\\jobs"), True),
     "openTextFile": ({"filePath": "C:\\a.txt"}, text_file("C:\\a.txt"), True),
 }
-
-
-def slug(method):
-    return "".join("-" + letter.lower() if letter.isupper() else letter for letter in method)
 
 
 def launches():
@@ -110,10 +107,6 @@ def paths():
     for arguments in ({"batchPath": "C:\\a.bat"}, {"batchPath": "C:\\a.bat", "workingDirectory": ""}):
         talk.ask("runBatchFile", arguments, with_code(33))
     yield talk.scenario(expect={"shell": [batch("C:\\a.bat")] * 2})
-
-
-def notes(identifier="notes", **facts):
-    return window(identifier, "notepad.exe", f"{identifier} - Notepad", (100, 100, 900, 700), **facts)
 
 
 def minimizing():

@@ -1,7 +1,6 @@
 """What the scenarios of the remembered tab share: what is remembered, the desktop around it, and the ways behind."""
 from .activation import Activation
-from .activation_cases import (CHATGPT_URL, CLAUDE_URL, GEMINI_URL, MAIL_TITLE, REPORT_TITLE, SEEN_MAIL,
-                               SEEN_QUIET_HOME, case, chatgpt_tab, claude_tab, desk, gemini_tab, mail_tab,
+from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, chatgpt_tab, claude_tab, desk, gemini_tab, mail_tab,
                                perplexity_page, provider_arguments, quiet_home, report_tab, work)
 from .activation_tabs import INDEX_AND_TITLE, S_OK, live, seen, window
 from .core import tab
@@ -23,7 +22,6 @@ PAGES = {
     "Qwen": tab("通义千问 - 我的对话", "https://chat.qwen.ai/c/91"),
     "Doubao": tab("豆包 - 字节跳动旗下 AI 智能助手", "https://www.doubao.com/chat/"),
 }
-ADDRESSES = {"ChatGPT": CHATGPT_URL, "Claude": CLAUDE_URL, "Gemini": GEMINI_URL}
 
 
 def memory(index, title="", *, browser="Chrome", window_id="work", **more):

@@ -1,9 +1,9 @@
 """A conversation over the window channel: every reply whole, byte by byte, and what it left on the desktop."""
 from .channel import text_bytes
-from .core import NOTHING_HELD, call
+from .core import NOTHING_HELD
+from .window_talk import CHANNEL, asked, posted  # noqa: F401
 from .wire import reply_hex
 
-CHANNEL = "orvane/window"
 FAILED = {"success": False}
 DONE = {"success": True}
 MAIN = "main"
@@ -21,16 +21,17 @@ NO_NUMBERS = (None, True, False, "640", {"$bytes": "Nw=="}, {"$int32List": [640]
 NO_TEXTS = (None, True, 7, {"$int64": 7}, {"$double": 7.5}, {"$bytes": "QzpcYQ=="}, ["C:\\a"], {"path": "C:\\a"})
 
 
+def slug(method):
+    """A method's name as file names have it."""
+    return "".join("-" + letter.lower() if letter.isupper() else letter for letter in method)
+
+
 def logical(bounds, dpi):
     """A rectangle of the desktop as a reply tells it."""
     left, top, right, bottom = bounds
     scale = dpi / 96.0
     return {"success": True, "x": left / scale, "y": top / scale, "width": (right - left) / scale,
             "height": (bottom - top) / scale}
-
-
-def posted(window, message, w_param=0, l_param=0):
-    return {"window": window, "message": message, "wParam": w_param, "lParam": l_param}
 
 
 def post(message, window=MAIN, w_param=0, l_param=0):
@@ -70,16 +71,12 @@ class Talk:
 
     def ask(self, method, arguments, value, takes=0):
         """`takes`: the milliseconds that the call waits."""
-        step = call(method, None if arguments is ... else arguments, channel=CHANNEL)
-        if arguments is None:
-            step["call"]["arguments"] = None
-        self.steps.append(step)
+        self.steps.append(asked(method, arguments))
         self.expect(method, "success", value, reply_hex(value), takes)
         return self
 
     def refuse(self, method, arguments=...):
-        step = call(method, None if arguments is ... else arguments, channel=CHANNEL)
-        self.steps.append(step)
+        self.steps.append(asked(method, arguments))
         self.expect(method, "notImplemented", None, "")
 
     def send(self, message_hex, method, value):

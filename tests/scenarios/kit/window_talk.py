@@ -5,7 +5,6 @@ from .wire import call_hex, reply_hex, shown
 CHANNEL = "orvane/window"
 PLAIN_SUCCESS = {"success": True}
 PLAIN_FAILURE = {"success": False}
-HELD_AT_THE_END = {**NOTHING_HELD, "taskStrings": 0}
 
 INTERNAL_ERROR = 1359
 
@@ -26,6 +25,14 @@ def merged(base, more):
     return made
 
 
+def asked(method, arguments, as_=None):
+    """The step of a call; `...` stands for no arguments at all, None for those that are null."""
+    step = call(method, None if arguments is ... else arguments, as_, CHANNEL)
+    if arguments is None:
+        step["call"]["arguments"] = None
+    return step
+
+
 class WindowTalk:
     """Steps and the replies to them; `...` stands for arguments that aren't given."""
 
@@ -40,10 +47,7 @@ class WindowTalk:
 
     def ask(self, method, arguments, value, as_=None, **reply):
         """`reply`: more that must hold of it, such as its times."""
-        step = call(method, None if arguments is ... else arguments, as_, CHANNEL)
-        if arguments is None:
-            step["call"]["arguments"] = None
-        self.steps.append(step)
+        self.steps.append(asked(method, arguments, as_))
         self._expect(method, value, as_, reply)
 
     def ask_in_bytes(self, method, arguments, value):
@@ -64,7 +68,7 @@ class WindowTalk:
         made["expect"]["stderr"] = []
         if calls is not None:
             made["expect"]["platformCalls"] = calls
-        made["expect"]["live"] = HELD_AT_THE_END
+        made["expect"]["live"] = NOTHING_HELD
         return self.path, made
 
     def _expect(self, method, value, as_, more):
