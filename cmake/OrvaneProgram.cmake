@@ -29,9 +29,6 @@ function(orvane_import_library target dll)
 endfunction()
 
 orvane_sources(program_sources "${ORVANE_SOURCE_DIR}/*/*.cpp")
-if(NOT program_sources)
-  return()
-endif()
 
 file(MAKE_DIRECTORY "${ORVANE_GENERATED_DIR}")
 configure_file("${ORVANE_PACKAGING_DIR}/version.h.in" "${ORVANE_GENERATED_DIR}/version.h" @ONLY)

@@ -13,10 +13,8 @@ if(NOT WIN32)
   orvane_static_library(orvane_snapshot ${snapshot_sources})
   target_include_directories(orvane_snapshot PUBLIC "${ORVANE_TOOLS_DIR}" "${ORVANE_GENERATED_DIR}")
   target_link_libraries(orvane_snapshot PUBLIC orvane_host)
-  if(TARGET orvane-sim)
-    # It tells its version too.
-    target_include_directories(orvane-sim PRIVATE "${ORVANE_GENERATED_DIR}")
-  endif()
+  # It tells its version too.
+  target_include_directories(orvane-sim PRIVATE "${ORVANE_GENERATED_DIR}")
   return()
 endif()
 

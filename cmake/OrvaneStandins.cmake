@@ -41,16 +41,13 @@ target_include_directories(orvane_world SYSTEM PUBLIC "${headers}")
 orvane_sources(clipboard_sources "${ORVANE_STANDINS_DIR}/browser/real_clipboard.cpp")
 orvane_sources(common_sources "${ORVANE_STANDINS_DIR}/common/*.cpp")
 orvane_static_library(orvane_standins_common ${common_sources} ${clipboard_sources})
-orvane_link_present(orvane_standins_common PUBLIC orvane_world)
+target_link_libraries(orvane_standins_common PUBLIC orvane_world)
 
 set(standin_libraries orvane_standins_common advapi32 user32 gdi32 ole32 oleaut32 uuid)
 
 # orvane_standin_library(NAME SOURCE...): NAME.dll. Where packaging/ lists the names that the host
 # imports, one that the library lacks ends the link.
 function(orvane_standin_library name)
-  if(NOT ARGN)
-    return()
-  endif()
   set(definitions "${CMAKE_CURRENT_SOURCE_DIR}/packaging/${name}.def")
   add_library(${name} SHARED ${ARGN})
   if(EXISTS "${definitions}")
@@ -62,12 +59,10 @@ endfunction()
 
 # orvane_standin_program(NAME SOURCE...): NAME.exe, without a console.
 function(orvane_standin_program name)
-  if(ARGN)
-    add_executable(${name} WIN32 ${ARGN})
-    target_compile_options(${name} PRIVATE -municode)
-    target_link_options(${name} PRIVATE -municode)
-    target_link_libraries(${name} PRIVATE ${standin_libraries})
-  endif()
+  add_executable(${name} WIN32 ${ARGN})
+  target_compile_options(${name} PRIVATE -municode)
+  target_link_options(${name} PRIVATE -municode)
+  target_link_libraries(${name} PRIVATE ${standin_libraries})
 endfunction()
 
 orvane_sources(browser_sources "${ORVANE_STANDINS_DIR}/browser/*.cpp")

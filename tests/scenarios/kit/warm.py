@@ -1,7 +1,7 @@
 """What the scenarios of the remembered tab share: what is remembered, the desktop around it, and the ways behind."""
 from .activation import Activation
-from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, chatgpt_tab, claude_tab, desk, gemini_tab, mail_tab,
-                               perplexity_page, provider_arguments, quiet_home, report_tab, work)
+from .activation_cases import (MAIL_TITLE, REPORT_TITLE, SEEN_MAIL, SEEN_QUIET_HOME, case, chatgpt_tab,
+                               claude_tab, desk, gemini_tab, mail_tab, perplexity_page, provider_arguments, quiet_home, report_tab, work)
 from .activation_tabs import INDEX_AND_TITLE, S_OK, live, seen, window
 from .core import tab
 
