@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "browser/picture.h"
 #include "common/wide_text.h"
 
@@ -20,6 +22,13 @@ Look lookOf(const ElementFacts& facts, bool isAddressBar) {
   return Look::frame;
 }
 
+// What lies above the first thing inside an element, in pixels.
+int roomAboveChildren(const Desktop& desktop, const Element& element, const simulation::Rectangle& bounds) {
+  int top = bounds.bottom;
+  for (const Element* child : element.children) top = std::min(top, desktop.factsOf(*child).bounds.top);
+  return std::max(top - bounds.top, 1);
+}
+
 Box boxOf(const Desktop& desktop, const Window& window, const Element& element) {
   const ElementFacts facts = desktop.factsOf(element);
   Box box;
@@ -28,6 +37,7 @@ Box boxOf(const Desktop& desktop, const Window& window, const Element& element) 
   box.hasFocus = window.focus == &element;
   const bool hasValue = facts.value && !facts.value->empty();
   box.isHint = !hasValue && (box.look == Look::field || box.look == Look::addressBar);
+  if (!element.children.empty()) box.textHeight = roomAboveChildren(desktop, element, facts.bounds);
   box.text = wideFromText(hasValue ? *facts.value : facts.name.value_or(simulation::Text{}));
   return box;
 }

@@ -7,8 +7,9 @@
 namespace orvane::standins {
 namespace {
 
-constexpr int fontHeight = 17;       // pixels
-constexpr int smallFontHeight = 10;  // pixels
+constexpr int fontHeight = 17;  // pixels
+// In pixels, the larger ones first.
+constexpr std::array smallFontHeights{12, 10, 8};
 constexpr int paddingPixels = 8;
 constexpr COLORREF pageColour = RGB(255, 255, 255);
 constexpr COLORREF textColour = RGB(32, 33, 36);
@@ -49,6 +50,21 @@ HFONT makeFont(int height) {
                        CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, VARIABLE_PITCH | FF_SWISS, L"DejaVu Sans");
 }
 
+// A font in use for as long as this lives.
+class FontUse {
+ public:
+  FontUse(HDC canvas, int height)
+      : canvas_(canvas), font_(owned(makeFont(height))), earlier_(::SelectObject(canvas, font_.get())) {}
+  ~FontUse() { ::SelectObject(canvas_, earlier_); }
+  FontUse(const FontUse&) = delete;
+  FontUse& operator=(const FontUse&) = delete;
+
+ private:
+  HDC canvas_;
+  decltype(owned(HFONT())) font_;
+  HGDIOBJ earlier_;
+};
+
 void fill(HDC canvas, const RECT& bounds, COLORREF colour) {
   const auto brush = owned(::CreateSolidBrush(colour));
   ::FillRect(canvas, &bounds, brush.get());
@@ -59,17 +75,42 @@ void frame(HDC canvas, const RECT& bounds, COLORREF colour) {
   ::FrameRect(canvas, &bounds, brush.get());
 }
 
-// The words of a button that is too narrow for them in a line, in small letters.
+constexpr UINT wordsInButton = DT_WORDBREAK | DT_CENTER | DT_NOPREFIX;
+
+SIZE measureWords(HDC canvas, const std::wstring& text, RECT bounds) {
+  ::DrawTextW(canvas, text.c_str(), static_cast<int>(text.size()), &bounds, wordsInButton | DT_CALCRECT);
+  return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+}
+
+bool haveRoom(HDC canvas, const std::wstring& text, const RECT& bounds) {
+  const SIZE needed = measureWords(canvas, text, bounds);
+  return needed.cx <= bounds.right - bounds.left && needed.cy <= bounds.bottom - bounds.top;
+}
+
+// The words in which the text fits, from the first one on; the first one in any case.
+std::wstring takeFittingWords(HDC canvas, const std::wstring& text, const RECT& bounds) {
+  std::wstring fitting = text;
+  std::size_t end = text.size();
+  while (!haveRoom(canvas, fitting, bounds)) {
+    end = text.find_last_of(L' ', end - 1);
+    if (end == std::wstring::npos || end == 0) return fitting;
+    fitting = text.substr(0, end) + L"\u2026";
+  }
+  return fitting;
+}
+
+// The words of a button that is too narrow for them in a line, in the largest small letters that have room.
 void drawSmallWords(HDC canvas, const Box& box, RECT bounds) {
-  constexpr UINT layout = DT_WORDBREAK | DT_CENTER | DT_NOPREFIX;
-  const auto font = owned(makeFont(smallFontHeight));
-  const HGDIOBJ earlier = ::SelectObject(canvas, font.get());
-  RECT needed = bounds;
-  const int length = static_cast<int>(box.text.size());
-  const int height = ::DrawTextW(canvas, box.text.c_str(), length, &needed, layout | DT_CALCRECT);
-  bounds.top += std::max<LONG>(0, (bounds.bottom - bounds.top - height) / 2);
-  ::DrawTextW(canvas, box.text.c_str(), length, &bounds, layout);
-  ::SelectObject(canvas, earlier);
+  for (const int height : smallFontHeights) {
+    const FontUse font(canvas, height);
+    const bool isLast = height == smallFontHeights.back();
+    if (!isLast && !haveRoom(canvas, box.text, bounds)) continue;
+    const std::wstring text = takeFittingWords(canvas, box.text, bounds);
+    const LONG spare = bounds.bottom - bounds.top - measureWords(canvas, text, bounds).cy;
+    bounds.top += std::max<LONG>(0, spare / 2);
+    ::DrawTextW(canvas, text.c_str(), static_cast<int>(text.size()), &bounds, wordsInButton);
+    return;
+  }
 }
 
 bool fitsInLine(HDC canvas, const Box& box, const RECT& bounds) {
@@ -78,10 +119,21 @@ bool fitsInLine(HDC canvas, const Box& box, const RECT& bounds) {
   return size.cx <= bounds.right - bounds.left;
 }
 
+// The name of what holds others stands above the first of them.
+void drawHeading(HDC canvas, const Box& box, RECT bounds) {
+  bounds.bottom = std::min<LONG>(bounds.bottom, bounds.top + box.textHeight);
+  const LONG room = bounds.bottom - bounds.top;
+  if (room < smallFontHeights.front()) return;
+  const FontUse font(canvas, room < fontHeight + paddingPixels ? smallFontHeights.front() : fontHeight);
+  ::DrawTextW(canvas, box.text.c_str(), static_cast<int>(box.text.size()), &bounds, oneLine);
+}
+
 void drawText(HDC canvas, const Box& box, RECT bounds, const Style& style) {
   const bool hasRoom = bounds.right - bounds.left > 6 * paddingPixels;
-  ::InflateRect(&bounds, hasRoom ? -paddingPixels : -1, style.layout == wrapped ? -paddingPixels / 2 : 0);
+  ::InflateRect(&bounds, hasRoom ? -paddingPixels : -1, 0);
   ::SetTextColor(canvas, box.isHint ? hintColour : style.text);
+  if (box.textHeight != 0) return drawHeading(canvas, box, bounds);
+  ::InflateRect(&bounds, 0, style.layout == wrapped ? -paddingPixels / 2 : 0);
   const bool isButton = (style.layout & DT_CENTER) != 0;
   if (isButton && !fitsInLine(canvas, box, bounds)) return drawSmallWords(canvas, box, bounds);
   ::DrawTextW(canvas, box.text.c_str(), static_cast<int>(box.text.size()), &bounds, style.layout);
@@ -97,12 +149,10 @@ void drawBox(HDC canvas, const Box& box, POINT origin) {
 }
 
 void drawAll(HDC canvas, const RECT& area, POINT origin, const std::vector<Box>& picture) {
-  const auto font = owned(makeFont(fontHeight));
-  const HGDIOBJ earlier = ::SelectObject(canvas, font.get());
+  const FontUse font(canvas, fontHeight);
   ::SetBkMode(canvas, TRANSPARENT);
   fill(canvas, area, pageColour);
   for (const Box& box : picture) drawBox(canvas, box, origin);
-  ::SelectObject(canvas, earlier);
 }
 
 }  // namespace

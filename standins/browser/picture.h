@@ -18,6 +18,7 @@ struct Box {
   Look look = Look::frame;
   bool hasFocus = false;
   bool isHint = false;  // the text only says what is to be put in
+  int textHeight = 0;   // pixels from the top that the text has; 0: all
   bool operator==(const Box&) const = default;
 };
 
