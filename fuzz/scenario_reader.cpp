@@ -1,7 +1,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "scenario/scenario_reader.h"
 #include "support/find.h"

@@ -1,6 +1,5 @@
 #include "msgpack_peer.h"
 
-#include <limits>
 #include <msgpack.hpp>
 #include <stdexcept>
 #include <utility>

@@ -1,6 +1,5 @@
 #include "browser/browser.h"
 
-#include <array>
 #include <utility>
 
 #include "browser/automation_answers.h"

@@ -1,7 +1,6 @@
 #include "flutter_windows/end_state.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 #include "common/wide_text.h"

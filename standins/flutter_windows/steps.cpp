@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 #include <variant>
 
 #include "browser/real_clipboard.h"

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <exception>
 #include <iterator>
-#include <stdexcept>
 #include <string>
 
 #include "browser/real_clipboard.h"

@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <limits>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "support/row_name.h"

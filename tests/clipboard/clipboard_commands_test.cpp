@@ -1,7 +1,6 @@
 // The replies of the window channel's clipboard methods.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <limits>
 
 #include "composer/foreground.h"
 #include "composer/foreground_windows.h"

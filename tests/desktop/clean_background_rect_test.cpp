@@ -8,7 +8,6 @@
 #include <memory>
 #include <optional>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "desktop/desktop_test.h"

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <vector>
 
 #include "desktop/desktop_test.h"
 #include "support/call_record.h"

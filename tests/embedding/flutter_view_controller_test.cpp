@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
-#include <type_traits>
 
 #include "embedding/captured_errors.h"
 #include "embedding/embedding_fixture.h"

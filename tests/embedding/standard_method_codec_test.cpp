@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <variant>
-
 #include "embedding/captured_errors.h"
 #include "embedding/codec_bytes.h"
 #include "embedding/recorded_result.h"

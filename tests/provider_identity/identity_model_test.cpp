@@ -5,9 +5,7 @@
 #include <array>
 #include <map>
 #include <random>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "provider_identity/address_rules.h"
 #include "provider_identity/candidate_rules.h"

@@ -1,7 +1,6 @@
 // Which message of the host window goes where, and which the view never sees.
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>

@@ -4,7 +4,6 @@
 #include <objbase.h>
 #include <spellcheck.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "composer/com_owners.h"
 #include "composer/uia_interfaces.h"

@@ -1,6 +1,4 @@
 #include <cstdio>
-#include <string>
-#include <vector>
 
 #include "snapshot/command_line.h"
 #include "snapshot/take_snapshot.h"

@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <atomic>
-#include <vector>
 
 namespace orvane::contract {
 namespace {
