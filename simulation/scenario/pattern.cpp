@@ -57,6 +57,7 @@ bool isRegularExpression(const std::string& pattern) {
   if (hasNumberTooGreat(pattern)) return false;
   try {
     const std::wregex compiled(unitsOf(pattern), ecmaScript);
+    const std::wregex searched(searching(pattern), ecmaScript);  // a little larger: it may be too large
     return true;
   } catch (const std::regex_error&) {
     return false;
