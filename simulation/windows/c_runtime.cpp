@@ -12,7 +12,6 @@
 // classes stand behind those of its own Unicode locale.
 namespace {
 
-// The runtime's starting locale folds the letters of ASCII alone.
 wchar_t folded(wchar_t unit) {
   return unit >= L'A' && unit <= L'Z' ? static_cast<wchar_t>(unit + (L'a' - L'A')) : unit;
 }
@@ -23,7 +22,7 @@ locale_t unicodeLocale() {
   return known;
 }
 
-// Blanks that don't break a line are blanks too.
+// Beside the row of blanks below; those that don't break a line count too.
 constexpr std::array<wint_t, 7> blanksBeyondAscii{0x00A0, 0x1680, 0x2028, 0x2029, 0x202F, 0x205F, 0x3000};
 constexpr wint_t firstOfTheBlanks = 0x2000;
 constexpr wint_t lastOfTheBlanks = 0x200A;

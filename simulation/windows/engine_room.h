@@ -10,7 +10,6 @@
 #include <mutex>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "embedding/flutter_library.h"
 #include "world/bytes.h"
@@ -28,8 +27,8 @@ struct FlutterPlatformMessageResponseHandle {
 
 struct FlutterDesktopMessenger {
   std::atomic<int> references = 1;
-  std::recursive_mutex lock;
-  std::atomic<int> locks = 0;
+  std::recursive_mutex lock;                            // the host's, where its threads are real ones
+  std::atomic<int> locks = 0;                           // how often it is locked
   std::atomic<FlutterDesktopEngine*> engine = nullptr;  // null when it has gone
 };
 

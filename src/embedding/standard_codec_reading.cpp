@@ -177,7 +177,7 @@ void readSequence(Stream& stream, Place& place) {
 }
 
 // Whether a container of `count` elements has one more. What it lacks at the end of its message is
-// null, each read logged; one that declares no end of elements ends there, with one line.
+// null, each read logged. Where no more are granted it ends there, with one line.
 inline bool goesOn(ByteStreamReader& stream, std::size_t count) {
   if (stream.limits().exceeded()) {
     return false;
